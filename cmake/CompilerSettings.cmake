@@ -1,0 +1,17 @@
+# Compiler settings that every target of the project shares.
+add_library(tintbench_settings INTERFACE)
+
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(tintbench_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wsign-conversion -Wnon-virtual-dtor
+    -Wold-style-cast -Wcast-align -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion
+    -Wformat=2 -Wimplicit-fallthrough)
+  if(TINTBENCH_WARNINGS_AS_ERRORS)
+    target_compile_options(tintbench_settings INTERFACE -Werror)
+  endif()
+  if(TINTBENCH_SANITIZE)
+    target_compile_options(tintbench_settings INTERFACE
+      -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tintbench_settings INTERFACE -fsanitize=address,undefined)
+  endif()
+endif()
