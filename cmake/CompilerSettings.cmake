@@ -3,7 +3,7 @@ add_library(tintbench_settings INTERFACE)
 
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(tintbench_settings INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wsign-conversion -Wnon-virtual-dtor
+    -Wall -Wextra -Wno-missing-field-initializers -Wpedantic -Wconversion -Wshadow -Wsign-conversion -Wnon-virtual-dtor
     -Wold-style-cast -Wcast-align -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion
     -Wformat=2 -Wimplicit-fallthrough)
   if(TINTBENCH_WARNINGS_AS_ERRORS)
