@@ -6,6 +6,10 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     -Wall -Wextra -Wno-missing-field-initializers -Wpedantic -Wconversion -Wshadow -Wsign-conversion -Wnon-virtual-dtor
     -Wold-style-cast -Wcast-align -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion
     -Wformat=2 -Wimplicit-fallthrough)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(tintbench_settings INTERFACE
+      -Wuseless-cast -Wduplicated-cond -Wduplicated-branches -Wlogical-op)
+  endif()
   if(TINTBENCH_WARNINGS_AS_ERRORS)
     target_compile_options(tintbench_settings INTERFACE -Werror)
   endif()
