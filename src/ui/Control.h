@@ -128,6 +128,8 @@ class Control : public PropertyOwner {
   // True if the control and all that holds it are enabled.
   bool IsUsable() const;
 
+  // True for kinds that the operator's hand gives the keyboard focus to.
+  virtual bool TakesFocus() const { return false; }
   // Gives the control the keyboard focus of its window.
   void SetFocus();
 

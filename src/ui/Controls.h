@@ -20,6 +20,7 @@ class Label : public Control {
 class TextBox : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   Property<std::string> Text{*this, "Text"};
   Property<bool> Locked{*this, "Locked", false};        // shown, not typed into
   Property<bool> MultiLine{*this, "MultiLine", false};  // several lines, with a scroll bar
@@ -34,12 +35,14 @@ class TextBox : public Control {
 class RichTextBox : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   Property<std::string> Text{*this, "Text"};
 };
 
 class Button : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   Property<std::string> Caption{*this, "Caption"};
   Property<bool> Default{*this, "Default", false};  // Enter presses it
   Property<bool> Cancel{*this, "Cancel", false};    // Esc presses it
@@ -50,6 +53,7 @@ enum CheckValue : int { kUnchecked = 0, kChecked = 1, kGrayed = 2 };
 class CheckBox : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   Property<std::string> Caption{*this, "Caption"};
   Property<int> Value{*this, "Value", kUnchecked};
   // Turns between checked and unchecked; the grey state is the program's alone.
@@ -63,6 +67,7 @@ class CheckBox : public Control {
 class OptionButton : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   Property<std::string> Caption{*this, "Caption"};
   Property<bool> Value{*this, "Value", false};
   void Press() override { Value = true; }
@@ -84,6 +89,7 @@ std::string PropertyText(const ListRows& rows);
 class RowControl : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   Property<ListRows> Rows{*this, "Rows"};
   Property<int> ListIndex{*this, "ListIndex", -1};  // -1: none selected
 
@@ -139,6 +145,7 @@ std::string PropertyText(const TabPages& pages);
 class TabStrip : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   Property<TabPages> Tabs{*this, "Tabs"};
   Property<int> TabIndex{*this, "TabIndex", -1};
 

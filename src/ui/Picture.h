@@ -36,6 +36,7 @@ std::string PropertyText(const Drawings& drawings);
 class PictureBox : public Control, public Container {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return true; }
   // The picture's own units across and down.
   Property<double> ScaleWidth{*this, "ScaleWidth", 1000};
   Property<double> ScaleHeight{*this, "ScaleHeight", 1000};

@@ -94,7 +94,7 @@ class Screen {
 
   // The visible window that is in front; nullptr if there is none.
   Form* Front() const;
-  base::Clock& Time() { return clock_; }
+  base::Clock& Time() const { return clock_; }
 
  protected:
   static constexpr double kNever = std::numeric_limits<double>::infinity();
