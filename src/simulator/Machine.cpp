@@ -1,0 +1,143 @@
+#include "simulator/Machine.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tintbench::simulator {
+
+namespace {
+
+constexpr int kUsualMasterBaud = 9600;
+
+}  // namespace
+
+Machine::Machine(const base::Clock& clock, MachineOptions options)
+    : clock_(clock), options_(std::move(options)), now_(clock.Now()), readyAt_(now_) {
+  plant_.Config = Configuration::Read(options_.Configuration, options_.Slave);
+  plant_.Firmware = options_.Firmware;
+}
+
+void Machine::Attach(const LineFormat& format) {
+  Live();
+  fromMachine_.Clear();
+  attached_ = true;
+  Tune(format);
+}
+
+void Machine::Retune(const LineFormat& format) {
+  Live();
+  Tune(format);
+}
+
+void Machine::Tune(const LineFormat& format) {
+  const LineFormat service{options_.ServiceBaud, 'N', 8, 1.0};
+  const LineFormat master{plant_.Config.Number("@VEL", 1, kUsualMasterBaud), 'N', 8, 1.0};
+  line_ = format.Matches(service)  ? SerialLine::Service
+          : format.Matches(master) ? SerialLine::Master
+                                   : SerialLine::None;
+  toMachine_.ByteSeconds(format.ByteSeconds());
+  fromMachine_.ByteSeconds(format.ByteSeconds());
+}
+
+void Machine::Detach() {
+  Live();
+  attached_ = false;
+  fromMachine_.Clear();
+}
+
+void Machine::Write(std::string_view bytes) {
+  Live();
+  if (attached_ && plugged_) toMachine_.Put(Spoiled(bytes), now_);
+}
+
+std::string Machine::Read() {
+  Live();
+  return fromMachine_.TakeArrived(now_);
+}
+
+double Machine::NextEvent() {
+  Live();
+  return std::min(NextOwnEvent(), fromMachine_.NextArrival());
+}
+
+bool Machine::Plugged() {
+  Live();
+  return plugged_;
+}
+
+double Machine::NextOwnEvent() const {
+  double next = std::min(toMachine_.NextArrival(), pullAt_);
+  if (!pending_.empty()) next = std::min(next, pending_.front().When);
+  if (transfer_) next = std::min(next, transfer_->Deadline());
+  return next;
+}
+
+// Everything that is due happens in the order of its time, each at its own time, however long
+// nobody has looked.
+void Machine::Live() {
+  const double until = clock_.Now();
+  while (NextOwnEvent() <= until) {
+    now_ = std::max(now_, NextOwnEvent());
+    Step();
+  }
+  now_ = std::max(now_, until);
+}
+
+void Machine::Step() {
+  if (pullAt_ <= now_) return Pull();
+  if (toMachine_.NextArrival() <= now_) return Hear(toMachine_.TakeNext());
+  if (transfer_ && transfer_->Deadline() <= now_) {
+    transfer_->Tick(now_);
+    return AfterTransfer();
+  }
+  const Pending done = std::move(pending_.front());
+  pending_.pop_front();
+  Emit(done.Answer);
+  Begin(done.Then);
+}
+
+void Machine::Hear(unsigned char byte) {
+  if (now_ < readyAt_) return;
+  if (transfer_) {
+    transfer_->Receive(byte, now_);
+    return AfterTransfer();
+  }
+  if (const std::optional<Frame> frame = reader_.Receive(byte, now_)) Obey(*frame);
+}
+
+void Machine::Emit(std::string_view bytes) {
+  if (attached_ && plugged_) fromMachine_.Put(Spoiled(bytes), now_);
+}
+
+// What becomes of bytes on the way over the line, in either direction.
+std::string Machine::Spoiled(std::string_view bytes) {
+  if (line_ == SerialLine::None) {
+    std::string rubbish(bytes);
+    for (char& byte : rubbish) byte = static_cast<char>(dice_.Byte() | 0x80U);
+    return rubbish;
+  }
+  const double drop = faults_.Value(Fault::Drop).value_or(0);
+  const double garble = faults_.Value(Fault::Garble).value_or(0);
+  const double twice = faults_.Value(Fault::Double).value_or(0);
+  if (drop <= 0 && garble <= 0 && twice <= 0) return std::string(bytes);
+  std::string spoiled;
+  for (const char byte : bytes) {
+    if (dice_.Throw(drop)) continue;
+    const unsigned change = dice_.Throw(garble) ? dice_.Byte() : 0U;
+    spoiled.append(dice_.Throw(twice) ? 2 : 1,
+                   static_cast<char>(static_cast<unsigned char>(byte) ^ change));
+  }
+  return spoiled;
+}
+
+void Machine::Pull() {
+  pullAt_ = kNever;
+  if (!plugged_) return;
+  plugged_ = false;
+  attached_ = false;
+  ++pulls_;
+  toMachine_.Clear();
+  fromMachine_.Clear();
+}
+
+}  // namespace tintbench::simulator

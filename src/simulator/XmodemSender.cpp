@@ -1,0 +1,88 @@
+#include <algorithm>
+#include <utility>
+
+#include "simulator/Xmodem.h"
+#include "simulator/XmodemCodes.h"
+
+namespace tintbench::simulator {
+
+namespace {
+
+constexpr double kStartSeconds = 60.0;  // the receiver's first request
+constexpr double kReplySeconds = 10.0;  // the reply to one block
+constexpr int kMostTries = 10;
+
+}  // namespace
+
+XmodemSender::XmodemSender(std::string text, std::size_t blockSize, const TransferFaults& faults,
+                           double now)
+    : text_(std::move(text)), blockSize_(blockSize), faults_(faults) {
+  deadline_ = now + kStartSeconds;
+}
+
+std::size_t XmodemSender::BlockCount() const {
+  return (text_.size() + blockSize_ - 1) / blockSize_;
+}
+
+void XmodemSender::Receive(unsigned char byte, double now) {
+  if (End() != TransferEnd::Running || state_ == State::Stalled) return;
+  if (IsSecondCancel(byte)) return Finish(TransferEnd::Failed);
+  const char reply = static_cast<char>(byte);
+  if (state_ == State::Start) {
+    if (reply != kNak && reply != kCrcRequest) return;
+    crc_ = reply == kCrcRequest;
+    return Acknowledged(now);
+  }
+  if (reply == kNak) return Again(now);
+  if (reply != kAck) return;
+  if (faults_.LoseAckAt == block_) {
+    faults_.LoseAckAt = 0;
+    return;
+  }
+  if (state_ == State::EndOfFile) return Finish(TransferEnd::Good);
+  Acknowledged(now);
+}
+
+void XmodemSender::Tick(double now) {
+  if (state_ == State::Block || state_ == State::EndOfFile) return Again(now);
+  Finish(TransferEnd::Failed);
+}
+
+void XmodemSender::Again(double now) {
+  if (++tries_ >= kMostTries) return CancelFromHere();
+  Send(now);
+}
+
+void XmodemSender::Acknowledged(double now) {
+  ++block_;
+  tries_ = 0;
+  if (block_ == faults_.CancelAt) return CancelFromHere();
+  state_ = block_ <= BlockCount() ? State::Block : State::EndOfFile;
+  Send(now);
+}
+
+void XmodemSender::Send(double now) {
+  deadline_ = now + kReplySeconds;
+  if (state_ == State::EndOfFile) return Emit(kEot);
+  const std::string block = Framed(std::string_view(text_).substr((block_ - 1) * blockSize_));
+  if (block_ == faults_.StallAt) {
+    Emit(std::string_view(block).substr(0, block.size() / 2));
+    state_ = State::Stalled;
+  } else {
+    Emit(block);
+  }
+}
+
+std::string XmodemSender::Framed(std::string_view rest) const {
+  std::string data(rest.substr(0, blockSize_));
+  data.resize(blockSize_, kPad);
+  const auto number = static_cast<unsigned char>(block_ & 0xFFU);
+  std::string frame{blockSize_ == kLongBlock ? kStx : kSoh, static_cast<char>(number),
+                    static_cast<char>(255 - number)};
+  frame += data;
+  frame += CheckOf(data, crc_);
+  if (block_ == faults_.BadBlockAt && tries_ == 0) frame.back() = static_cast<char>(~frame.back());
+  return frame;
+}
+
+}  // namespace tintbench::simulator
