@@ -1,0 +1,33 @@
+#include "link/MasterFrame.h"
+
+namespace tintbench::link {
+
+namespace {
+
+constexpr std::string_view kOpenCheck = "____";
+
+char HalfByteCharacter(unsigned value) { return static_cast<char>('0' + value); }
+
+}  // namespace
+
+std::string MakeMasterFrame(std::string_view text) {
+  const std::size_t place = text.find(kOpenCheck);
+  std::string frame(text);
+  if (place == std::string_view::npos) return frame;
+  unsigned check = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool inCheckField = i >= place && i < place + kOpenCheck.size();
+    if (!inCheckField) check ^= static_cast<unsigned char>(text[i]);
+  }
+  const std::string field = {'0', '0', HalfByteCharacter(check >> 4U),
+                             HalfByteCharacter(check & 0x0FU)};
+  return frame.replace(place, kOpenCheck.size(), field);
+}
+
+std::string MasterWireFrame(std::string_view text) {
+  return kFrameStart + MakeMasterFrame(text) + kFrameEnd;
+}
+
+std::string MasterStartAnswer() { return MasterWireFrame("01C1____000"); }
+
+}  // namespace tintbench::link

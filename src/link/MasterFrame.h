@@ -1,0 +1,27 @@
+// The frame of the machine's master serial line: a text with a check field between the codes 1
+// and 3. Only the start and the end of service on that line need it; no frame is ever decoded.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tintbench::link {
+
+inline constexpr char kFrameStart = '\x01';
+inline constexpr char kFrameEnd = '\x03';
+
+// The text that starts service on the master line, its check field still open.
+inline constexpr std::string_view kStartOfService = "01SM____000";
+
+// Gives `text` back with its four "_" filled by "00" and two digits: the exclusive or of the codes
+// of all other characters, high half first, each half as the character of code 48 plus its value,
+// so that 10 to 15 come out as ":" to "?". A text without four "_" in a row comes back as it is.
+std::string MakeMasterFrame(std::string_view text);
+
+// The frame as it goes on the wire: code 1, the filled text, code 3.
+std::string MasterWireFrame(std::string_view text);
+
+// What the machine answers to the start of service when it agrees, with codes 1 and 3.
+std::string MasterStartAnswer();
+
+}  // namespace tintbench::link
