@@ -1,0 +1,102 @@
+#include "link/Xmodem.h"
+
+#include <tuple>
+#include <utility>
+
+#include "base/Paths.h"
+#include "link/DebugLog.h"
+#include "link/XmodemReceiver.h"
+#include "link/XmodemSender.h"
+
+namespace tintbench::link {
+
+namespace {
+
+constexpr const char* kTempFile = "TMP.TMP";
+constexpr const char* kTraceFile = "xmdebug.log";
+constexpr int kPortBuffer = 1048;  // above one large block with its frame
+
+}  // namespace
+
+Xmodem::Xmodem(SerialPort& port, base::Clock& clock, base::FileSystem& files, XmodemSetup setup)
+    : port_(port), setup_(std::move(setup)), session_(port, clock, files, setup_.ServeEvents) {
+  XmodemInit();
+}
+
+void Xmodem::XmodemInit() {
+  session_.Retries = {};
+  session_.TempFile = base::JoinPath(setup_.AppPath, kTempFile);
+}
+
+void Xmodem::XmodemBind(const XmodemDisplay& display, std::function<PortSelection()> selection) {
+  XmodemBind(std::move(selection));
+  session_.Report.Bind(display);
+}
+
+void Xmodem::XmodemBind(std::function<PortSelection()> selection) {
+  session_.Report.Unbind();
+  session_.Report.QuietReport = false;
+  selection_ = std::move(selection);
+  bound_ = true;
+}
+
+int Xmodem::XmodemTransfer(int direction, int size, const std::string& file) {
+  if (running_ || !bound_ || !port_.PortOpen()) return kXmodemNoPort;
+  running_ = true;
+  session_.State = {};
+  session_.State.RequestedBlockSize = size;
+  session_.State.FileName = file;
+  StartTrace();
+  const int inputLen = port_.InputLen();
+  port_.InputLen(0);
+  std::ignore = port_.Input();
+  port_.InputLen(1);
+  const int status = Run(direction);
+  port_.InputLen(inputLen);
+  session_.Line.StopTrace();
+  running_ = false;
+  return status;
+}
+
+int Xmodem::XmodemReceiveQuiet(const std::string& file) {
+  if (running_) return kXmodemNoPort;
+  XmodemInit();
+  XmodemBind();
+  session_.Report.QuietReport = true;
+  const int status = XmodemTransfer(kXmodemReceive, kXmodemSmallBlock, file);
+  bound_ = false;
+  session_.Report.QuietReport = false;
+  return status;
+}
+
+void Xmodem::StartTrace() {
+  if (!setup_.DebugLevel || setup_.DebugLevel() != kDebugXmodem) return;
+  base::FileResult ignored;
+  session_.Line.StartTrace(session_.Files.OpenToWrite(base::JoinPath(setup_.AppPath, kTraceFile),
+                                                      base::WriteMode::kCreate, ignored));
+}
+
+int Xmodem::Run(int direction) {
+  const int status =
+      direction == kXmodemSend ? XmodemSender(session_).Run() : XmodemReceiver(session_).Run();
+  session_.Report.ReportStatus(status);
+  if (status != kXmodemSuccessful && session_.State.XmodemAbortFlag) {
+    ReopenPort();
+    session_.State.XmodemAbortFlag = false;
+  }
+  return status;
+}
+
+void Xmodem::ReopenPort() {
+  const PortSelection chosen =
+      selection_ ? selection_() : PortSelection{port_.CommPort(), port_.Settings()};
+  if (port_.PortOpen()) port_.PortOpen(false);
+  port_.CommPort(chosen.CommPort);
+  port_.Settings(chosen.Settings);
+  port_.InBufferSize(kPortBuffer);
+  port_.OutBufferSize(kPortBuffer);
+  port_.InputLen(1);
+  port_.PortOpen(true);
+}
+
+}  // namespace tintbench::link

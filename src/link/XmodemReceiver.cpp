@@ -1,0 +1,165 @@
+#include "link/XmodemReceiver.h"
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+#include "base/Paths.h"
+
+namespace tintbench::link {
+
+namespace {
+
+constexpr int kCharacterTimeoutMs = 5000;
+constexpr int kSecondCancelTimeoutMs = 2000;
+constexpr int kDrainTimeoutMs = 1000;
+constexpr std::size_t kCopySize = 65536;
+
+}  // namespace
+
+int XmodemReceiver::Run() {
+  session_.State.UseCrc = false;
+  int header = kXmodemSilence;
+  const int status = Handshake(session_.Retries.StartChecksum, header);
+  if (status != kXmodemSuccessful) return status;
+  base::FileResult opened;
+  file_ = session_.Files.OpenToWrite(session_.TempFile, base::WriteMode::kCreate, opened);
+  if (file_ == nullptr) return session_.Cancel(kXmodemUnwritable);
+  session_.Report.ReportStatus(kXmodemStarted);
+  return ReceiveBlocks(header);
+}
+
+int XmodemReceiver::Handshake(const XmodemRetry& description, int& answer) {
+  for (int attempt = 0; attempt < description.Retries; ++attempt) {
+    if (session_.State.XmodemAbortFlag) return session_.Cancel(kXmodemAborted);
+    session_.Line.SendChar(description.Send);
+    answer = session_.Line.ReadChar(description.TimeoutMs);
+    if (answer == kXmodemSilence) continue;
+    if (answer == kXmodemBel) return kXmodemMachineRefuses;
+    const auto& expected = description.Expected;
+    const bool usable = std::find(expected.begin(), expected.end(), answer) != expected.end();
+    if (usable) return kXmodemSuccessful;
+  }
+  return kXmodemRetriesUsedUp;
+}
+
+int XmodemReceiver::ReceiveBlocks(int header) {
+  while (header != kXmodemEot) {
+    int status = CheckHeader(header);
+    if (status != kXmodemSuccessful) return status;
+    const int block = ReadBlock();
+    const bool good = block == kXmodemSuccessful;
+    if (good) {
+      status = KeepBlock();
+    } else {
+      session_.Report.ReportStatus(block);
+      DrainLine();
+    }
+    if (status != kXmodemSuccessful) return status;
+    status = Handshake(good ? session_.Retries.NextBlock : session_.Retries.RepeatBlock, header);
+    if (status != kXmodemSuccessful) return status;
+  }
+  return Finish();
+}
+
+int XmodemReceiver::CheckHeader(int header) {
+  XmodemState& state = session_.State;
+  state.HeaderChar = header;
+  if (header == kXmodemCan) {
+    const bool twice = session_.Line.ReadChar(kSecondCancelTimeoutMs) == kXmodemCan;
+    return twice ? session_.Cancel(kXmodemSenderCancelled) : kXmodemWrongHeader;
+  }
+  if (header != kXmodemSoh && header != kXmodemStx) return kXmodemWrongHeader;
+  state.BlockSize = header == kXmodemStx ? kXmodemLargeBlock : kXmodemSmallBlock;
+  return kXmodemSuccessful;
+}
+
+int XmodemReceiver::ReadBlock() {
+  session_.ServeEvents();
+  const int number = session_.Line.ReadChar(kCharacterTimeoutMs);
+  if (number == kXmodemSilence) return kXmodemBlockTimeout;
+  const int complement = session_.Line.ReadChar(kCharacterTimeoutMs);
+  if (complement == kXmodemSilence) return kXmodemBlockTimeout;
+  if ((255 ^ number) != complement) return kXmodemWrongComplement;
+  session_.State.BlockNumber = static_cast<std::uint8_t>(number);
+  session_.State.BlockComplement = static_cast<std::uint8_t>(complement);
+  if (!ReadData()) return kXmodemBlockTimeout;
+  session_.SumBlock();
+  return CheckData();
+}
+
+bool XmodemReceiver::ReadData() {
+  XmodemState& state = session_.State;
+  state.BlockData.clear();
+  for (int i = 0; i < state.BlockSize; ++i) {
+    const int character = session_.Line.ReadChar(kCharacterTimeoutMs);
+    if (character == kXmodemSilence) return false;
+    state.BlockData += static_cast<char>(character);
+  }
+  return true;
+}
+
+int XmodemReceiver::CheckData() {
+  const XmodemState& state = session_.State;
+  const int first = session_.Line.ReadChar(kCharacterTimeoutMs);
+  if (first == kXmodemSilence) return kXmodemBlockTimeout;
+  if (!state.UseCrc) return first == state.Checksum ? kXmodemSuccessful : kXmodemWrongChecksum;
+  const int second = session_.Line.ReadChar(kCharacterTimeoutMs);
+  if (second == kXmodemSilence) return kXmodemBlockTimeout;
+  const bool right = static_cast<std::uint32_t>(first * 256 + second) == state.Crc;
+  return right ? kXmodemSuccessful : kXmodemWrongCrc;
+}
+
+int XmodemReceiver::KeepBlock() {
+  XmodemState& state = session_.State;
+  if (state.BlockNumber == expected_) {
+    lastGood_ = expected_++;
+    if (!file_->Write(state.BlockData)) return session_.Cancel(kXmodemUnwritable);
+    session_.CountBlock();
+    session_.Report.ReportStatus(kXmodemProgress,
+                                 {.Block = state.TransferredBlocks,
+                                  .Bytes = state.TransferredBytes,
+                                  .Crc = state.UseCrc ? 1 : 0,
+                                  .Size1024 = state.BlockSize == kXmodemLargeBlock ? 1 : 0});
+    return kXmodemSuccessful;
+  }
+  // A block that comes again, because our acknowledgement was lost, is acknowledged once more.
+  const bool repeated = state.BlockNumber == lastGood_;
+  return repeated ? kXmodemSuccessful : session_.Cancel(kXmodemOutOfSequence);
+}
+
+void XmodemReceiver::DrainLine() {
+  while (session_.Line.ReadChar(kDrainTimeoutMs) != kXmodemSilence) {
+    if (session_.AbortedMeanwhile()) return;
+  }
+}
+
+int XmodemReceiver::Finish() {
+  // Before the acknowledgement: as long as it is missing the sender knows that we don't have it.
+  if (!file_->Close()) return session_.Cancel(kXmodemUnwritable);
+  session_.Line.SendChar(kXmodemAck);
+  return PutInPlace() ? kXmodemSuccessful : kXmodemUnwritable;
+}
+
+bool XmodemReceiver::PutInPlace() {
+  const std::string& target = session_.State.FileName;
+  if (!session_.Files.SyncToDevice(session_.TempFile)) return false;
+  // Between two devices there is no renaming.
+  if (!session_.Files.Rename(session_.TempFile, target)) return CopyInPlace();
+  return static_cast<bool>(session_.Files.SyncToDevice(base::FilePath(target)));
+}
+
+bool XmodemReceiver::CopyInPlace() {
+  const auto source = session_.Files.OpenToRead(session_.TempFile);
+  if (source == nullptr) return false;
+  base::ReplacementFile copy(session_.Files, session_.State.FileName);
+  std::array<char, kCopySize> buffer{};
+  while (const std::size_t count = source->Read(buffer.data(), buffer.size())) {
+    if (!copy.Write({buffer.data(), count})) return false;
+  }
+  if (source->Failed() || !copy.Commit()) return false;
+  std::ignore = session_.Files.Delete(session_.TempFile);
+  return true;
+}
+
+}  // namespace tintbench::link

@@ -1,0 +1,245 @@
+#include "link/XmodemReceiver.h"
+
+#include "base/FailingFileSystem.h"
+#include "link/XmodemBench.h"
+
+namespace tintbench::testing {
+namespace {
+
+using Script = void (*)(ScriptedPort& port);
+
+const std::string kData = Sample(128);
+const std::string kMore = Sample(1024);
+
+// The first block of a transfer, taken and acknowledged.
+ScriptedPort& PlayFirst(ScriptedPort& port) {
+  return port.Expect(kNak).Reply(Block(1, kData)).Expect(kAck);
+}
+
+void PlayEnd(ScriptedPort& port) { port.Reply(kEot).Expect(kAck); }
+
+// A block that must be asked for again, and is then good.
+void PlayBad(ScriptedPort& port, const std::string& bad, double until) {
+  PlayFirst(port).Reply(bad).Wait(until).Expect(kNak).Reply(Block(2, kData)).Expect(kAck);
+  PlayEnd(port);
+}
+
+struct Case {
+  const char* Name;
+  int Status;
+  double Seconds;
+  int Blocks;  // of 128 bytes that the file holds then, -1 for none at all
+  Script Play;
+};
+
+const Case kCases[] = {
+    {"one block", 0, 0, 1, [](ScriptedPort& port) { PlayEnd(PlayFirst(port)); }},
+    {"a large block among small ones", 0, 0, 10,
+     [](ScriptedPort& port) {
+       PlayFirst(port)
+           .Reply(Block(2, kMore, 1024))
+           .Expect(kAck)
+           .Reply(Block(3, kData))
+           .Expect(kAck);
+       PlayEnd(port);
+     }},
+    {"strange characters at the start", 0, 0, 1,
+     [](ScriptedPort& port) {
+       port.Expect(kNak).Reply("x").Expect(kNak).Reply(kEot);
+       PlayEnd(PlayFirst(port));
+     }},
+    {"a sender that starts late", 0, 30, 1,
+     [](ScriptedPort& port) {
+       for (int i = 0; i < 3; ++i) port.Expect(kNak).Wait(10);
+       PlayEnd(PlayFirst(port));
+     }},
+    {"slow characters", 0, 132 * 4.9, 1,
+     [](ScriptedPort& port) {
+       port.Expect(kNak).Trickle(Block(1, kData), 4.9).Expect(kAck);
+       PlayEnd(port);
+     }},
+    {"a block that comes twice", 0, 0, 2,
+     [](ScriptedPort& port) {
+       PlayFirst(port).Reply(Block(1, kData)).Expect(kAck).Reply(Block(2, kData)).Expect(kAck);
+       PlayEnd(port);
+     }},
+    {"silence and strange characters between blocks", 0, 10, 2,
+     [](ScriptedPort& port) {
+       PlayFirst(port).Reply("x").Expect(kAck).Wait(10).Expect(kAck).Reply(Block(2, kData));
+       PlayEnd(port.Expect(kAck));
+     }},
+    {"wrong checksum", 0, 1, 2,
+     [](ScriptedPort& port) { PlayBad(port, Block(2, kData).replace(50, 1, "!"), 1); }},
+    {"wrong complement, the rest is drained", 0, 1, 2,
+     [](ScriptedPort& port) { PlayBad(port, Block(2, kData).replace(2, 1, "!"), 1); }},
+    {"a block that breaks off", 0, 6, 2,
+     [](ScriptedPort& port) { PlayBad(port, Block(2, kData).substr(0, 131), 6); }},
+    {"nothing behind the header", 0, 6, 2, [](ScriptedPort& port) { PlayBad(port, "\x02", 6); }},
+    {"two CAN", 4, 0, -1,
+     [](ScriptedPort& port) { PlayFirst(port).Reply(kCan + kCan).Expect(kCancel); }},
+    {"two CAN, the second late", 4, 1.9, -1,
+     [](ScriptedPort& port) {
+       port.Expect(kNak).Reply(kCan).Wait(1.9).Reply(kCan).Expect(kCancel);
+     }},
+    {"one CAN", 13, 2, -1, [](ScriptedPort& port) { port.Expect(kNak).Reply(kCan); }},
+    {"CAN and another character", 13, 0, -1,
+     [](ScriptedPort& port) { PlayFirst(port).Reply(kCan + "\x01"); }},
+    {"no sender", 10, 100, -1,
+     [](ScriptedPort& port) {
+       for (int i = 0; i < 10; ++i) port.Expect(kNak).Wait(10);
+     }},
+    {"a sender that has nothing to send", 10, 0, -1,
+     [](ScriptedPort& port) {
+       for (int i = 0; i < 10; ++i) port.Expect(kNak).Reply(kEot);
+     }},
+    {"a sender that falls silent", 10, 100, -1,
+     [](ScriptedPort& port) {
+       port.Expect(kNak).Reply(Block(1, kData));
+       for (int i = 0; i < 10; ++i) port.Expect(kAck).Wait(10);
+     }},
+    {"a sender that falls silent in a block", 10, 106, -1,
+     [](ScriptedPort& port) {
+       port.Expect(kNak).Reply("\x01\x01").Wait(6);
+       for (int i = 0; i < 10; ++i) port.Expect(kNak).Wait(10);
+     }},
+    {"a block left out", 17, 0, -1,
+     [](ScriptedPort& port) { PlayFirst(port).Reply(Block(3, kData)).Expect(kCancel); }},
+    {"BEL instead of the first block", 255, 0, -1,
+     [](ScriptedPort& port) { port.Expect(kNak).Reply(kBel); }},
+    {"BEL instead of the next block", 255, 0, -1,
+     [](ScriptedPort& port) { PlayFirst(port).Reply(kBel); }},
+};
+
+TEST(XmodemReceiver, EndsWithTheStatusOfWhatTheSenderDoes) {
+  for (const Case& one : kCases) {
+    SCOPED_TRACE(one.Name);
+    XmodemBench bench;
+    const std::string file = bench.Folder.Put("file", "earlier");
+    one.Play(bench.Port);
+    EXPECT_EQ(bench.Receive(file), one.Status);
+    EXPECT_NEAR(bench.Clock.Now(), one.Seconds, 0.001);
+    const std::string content = bench.Folder.Get("file");
+    if (one.Blocks < 0) {
+      EXPECT_EQ(content, "earlier");
+    } else {
+      EXPECT_EQ(content.size(), static_cast<std::size_t>(one.Blocks) * 128);
+      EXPECT_TRUE(content.starts_with(kData));
+      EXPECT_FALSE(bench.Files->FileExists(bench.Folder.Path("TMP.TMP")));
+    }
+    EXPECT_EQ(bench.Window.LblEstat.Caption.Get(),
+              one.Status == 0 ? "FILE TRANSFER SUCCESSFUL" : "ERROR " + std::to_string(one.Status));
+  }
+}
+
+TEST(XmodemReceiver, KeepsAllBytesAndCountsBlocksBeyond255) {
+  XmodemBench bench;
+  const std::string data = Sample(258 * 128);
+  bench.Port.Expect(kNak);
+  for (int i = 0; i < 258; ++i) {
+    const std::string piece = data.substr(static_cast<std::size_t>(i) * 128, 128);
+    bench.Port.Reply(Block(i + 1, piece)).Expect(kAck);
+  }
+  PlayEnd(bench.Port);
+  EXPECT_EQ(bench.Receive(bench.Folder.Path("file")), 0);
+  EXPECT_EQ(bench.Folder.Get("file"), data);
+  EXPECT_EQ(bench.Window.Shown(), "FILE TRANSFER SUCCESSFUL|258/|33024|0|00");
+}
+
+TEST(XmodemReceiver, ShowsEachSetback) {
+  XmodemBench bench;
+  CaptionLog log(bench.Window.LblEstat);
+  const std::string good = Block(2, kData);
+  PlayFirst(bench.Port).Reply(good.substr(0, 9)).Wait(6).Expect(kNak);
+  bench.Port.Reply(std::string(good).replace(1, 1, "!")).Wait(1).Expect(kNak);
+  bench.Port.Reply(good.substr(0, 131) + "!").Wait(1).Expect(kNak).Reply(good).Expect(kAck);
+  PlayEnd(bench.Port);
+  EXPECT_EQ(bench.Receive(bench.Folder.Path("file")), 0);
+  EXPECT_EQ(log.Captions,
+            (std::vector<std::string>{"FILE TRANSFER IN PROGRESS", "ERROR 11", "ERROR 14",
+                                      "ERROR 16", "FILE TRANSFER SUCCESSFUL"}));
+}
+
+TEST(XmodemReceiver, LeavesTheEarlierFileWhenTheThirdBlockFails) {
+  XmodemBench bench;
+  const std::string file = bench.Folder.Put("file", "earlier");
+  PlayFirst(bench.Port).Reply(Block(2, kData)).Expect(kAck).Reply(Block(3, kData).substr(0, 60));
+  bench.Port.Disconnect();
+  EXPECT_EQ(bench.Receive(file), 10);
+  EXPECT_EQ(bench.Folder.Get("file"), "earlier");
+  EXPECT_LT(bench.Clock.Now(), 3) << "a lost line needn't be waited for";
+}
+
+TEST(XmodemReceiver, SurvivesAnyFailureOfTheDisk) {
+  const Script whole = [](ScriptedPort& port) { PlayEnd(PlayFirst(port)); };
+  const struct {
+    const char* Name;
+    bool Lasting;
+    int Status;
+    Script Play;
+  } cases[] = {
+      {"scratch file can't be made", false, 7,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply("\x01").Expect(kCancel); }},
+      {"disk full", false, 7,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply(Block(1, kData)).Expect(kCancel); }},
+      {"disk full at the closing", false, 7,
+       [](ScriptedPort& port) { PlayFirst(port).Reply(kEot).Expect(kCancel); }},
+      {"device fails", false, 7, whole},
+      {"no renaming from one device to another", false, 0, whole},
+      {"neither renaming nor copying", true, 7, whole},
+  };
+  int failing = 0;
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.Name);
+    failing += one.Lasting ? 0 : 1;
+    XmodemBench bench(std::make_unique<FailingFileSystem>(failing, one.Lasting));
+    const std::string file = bench.Folder.Put("file", "earlier");
+    one.Play(bench.Port);
+    EXPECT_EQ(bench.Receive(file), one.Status);
+    EXPECT_EQ(bench.Folder.Get("file"), one.Status == 0 ? kData : "earlier");
+  }
+}
+
+TEST(XmodemReceiver, LetsTheOperatorStopALineThatNeverRests) {
+  XmodemBench bench;
+  int served = 0;
+  bench.OnEvents = [&] {
+    if (++served == 3) bench.Engine.XmodemAbort();
+  };
+  bench.Port.Expect(kNak).Reply("\x01").Reply("xx").Trickle(std::string(8, 'x'), 0.5);
+  bench.Port.Expect(kCancel);
+  EXPECT_EQ(bench.Receive(bench.Folder.Path("file")), 5);
+}
+
+// No reception of the program asks for a CRC, so its check is tried without a transfer.
+TEST(XmodemReceiver, ChecksACrc) {
+  const std::string good = Block(7, kMore, 1024, true).substr(1);
+  const struct {
+    std::string Bytes;
+    int Status;
+  } cases[] = {
+      {good, 0},
+      {good.substr(0, good.size() - 1), 11},
+      {good.substr(0, good.size() - 1) + "!", 15},
+      {good.substr(0, good.size() - 2) + "!!", 15},
+      {"\x07\xF8!" + good.substr(3), 15},
+  };
+  for (const auto& one : cases) {
+    base::VirtualClock clock;
+    base::StandardFileSystem files;
+    ScriptedPort port(clock);
+    port.InputLen(1);
+    port.Reply(one.Bytes);
+    link::XmodemSession session(port, clock, files, {});
+    session.State.UseCrc = true;
+    session.State.BlockSize = 1024;
+    EXPECT_EQ(link::XmodemReceiver(session).ReadBlock(), one.Status);
+  }
+  std::uint32_t crc = 0;
+  for (const char digit : std::string("123456789")) {
+    crc = link::Crc16Update(crc, static_cast<unsigned char>(digit));
+  }
+  EXPECT_EQ(crc, 0x31C3U) << "the check value of CRC-16/XMODEM";
+}
+
+}  // namespace
+}  // namespace tintbench::testing
