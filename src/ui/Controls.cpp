@@ -43,7 +43,8 @@ void CheckBox::OnChanged(const PropertyBase& property) {
 
 void OptionButton::OnChanged(const PropertyBase& property) {
   if (!property.Is(Value) || !Value) return;
-  for (Control* control : std::vector<Control*>(Parent().Children())) {
+  const std::vector<Control*> siblings = Parent().Children();
+  for (Control* control : siblings) {
     auto* other = dynamic_cast<OptionButton*>(control);
     if (other != nullptr && other != this) other->Value = false;
   }

@@ -33,10 +33,13 @@ bool Form::PressKey(int code, int shift) {
 
 bool Form::PressStandIn(int code) {
   if (code != kKeyEnter && code != kKeyEsc) return false;
-  for (Control* control : controls_) {
+  std::vector<Control*> candidates = controls_;
+  // A button that has the focus needs nobody to stand in for it.
+  if (code == kKeyEnter && dynamic_cast<Button*>(active_) != nullptr) candidates = {active_};
+  for (Control* control : candidates) {
     auto* button = dynamic_cast<Button*>(control);
     if (button == nullptr || !button->IsShown() || !button->IsUsable()) continue;
-    if (code == kKeyEnter ? button->Default : button->Cancel) {
+    if (code == kKeyEnter ? button->Default || button == active_ : button->Cancel) {
       button->Press();
       return true;
     }
@@ -48,9 +51,15 @@ void Form::OnChanged(const PropertyBase& property) {
   if (property.Is(WindowState)) Form_Resize();
 }
 
+void Form::Enlist(Control& control) {
+  controls_.push_back(&control);
+  AnnounceControls();
+}
+
 void Form::Strike(Control& control) {
   std::erase(controls_, &control);
   if (active_ == &control) active_ = nullptr;
+  AnnounceControls();
 }
 
 }  // namespace tintbench::ui

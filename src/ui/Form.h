@@ -65,7 +65,7 @@ class Form : public PropertyOwner, public Container {
  private:
   friend class Control;
   friend class Screen;
-  void Enlist(Control& control) { controls_.push_back(&control); }
+  void Enlist(Control& control);
   void Strike(Control& control);
   bool PressStandIn(int code);
 

@@ -24,7 +24,8 @@ std::string PropertyText(Colour value) {
 }
 
 PropertyOwner::~PropertyOwner() {
-  for (Observer* observer : std::vector<Observer*>(observers_)) observer->OwnerGone();
+  const std::vector<Observer*> observers = observers_;
+  for (Observer* observer : observers) observer->OwnerGone();
 }
 
 void PropertyOwner::AddObserver(Observer& observer) { observers_.push_back(&observer); }
@@ -46,16 +47,23 @@ bool PropertyOwner::ReadProperty(std::string_view name, int index, std::string& 
 }
 
 void PropertyOwner::Refresh() {
-  for (Observer* observer : std::vector<Observer*>(observers_)) observer->RefreshWanted();
+  const std::vector<Observer*> observers = observers_;
+  for (Observer* observer : observers) observer->RefreshWanted();
 }
 
 void PropertyOwner::AskForFocus() {
-  for (Observer* observer : std::vector<Observer*>(observers_)) observer->FocusWanted();
+  const std::vector<Observer*> observers = observers_;
+  for (Observer* observer : observers) observer->FocusWanted();
+}
+
+void PropertyOwner::AnnounceControls() {
+  for (Observer* observer : std::vector<Observer*>(observers_)) observer->ControlsChanged();
 }
 
 void PropertyOwner::Announce(const PropertyBase& property) {
   // An observer may take itself off the list while it is told.
-  for (Observer* observer : std::vector<Observer*>(observers_)) {
+  const std::vector<Observer*> observers = observers_;
+  for (Observer* observer : observers) {
     if (std::find(observers_.begin(), observers_.end(), observer) != observers_.end()) {
       observer->PropertyChanged(property);
     }

@@ -41,6 +41,9 @@ class Observer {
   virtual void RefreshWanted() {}
   // The owner asks for the keyboard focus.
   virtual void FocusWanted() {}
+  // The window that is observed has got or lost a control. The control is only half there at that
+  // moment, so that it must be looked at later.
+  virtual void ControlsChanged() {}
   // The owner dies; it must not be touched any more.
   virtual void OwnerGone() {}
 };
@@ -70,6 +73,7 @@ class PropertyOwner {
   // Called after the observers when a property has changed.
   virtual void OnChanged(const PropertyBase& property) = 0;
   void AskForFocus();
+  void AnnounceControls();
 
  private:
   friend class PropertyBase;
@@ -107,6 +111,8 @@ class Property final : public PropertyBase {
  public:
   Property(PropertyOwner& owner, const char* name, T initial = T{})
       : PropertyBase(owner, name), value_(std::move(initial)) {}
+  Property(const Property&) = delete;
+  ~Property() override = default;
 
   Property& operator=(T value) {
     if (value == value_) return *this;
@@ -114,6 +120,8 @@ class Property final : public PropertyBase {
     Announce();
     return *this;
   }
+
+  Property& operator=(const Property& other) { return *this = other.value_; }
 
   const T& Get() const { return value_; }
   operator const T&() const { return value_; }  // NOLINT: reads like a member

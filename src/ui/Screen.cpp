@@ -101,7 +101,8 @@ bool Screen::Serve() {
 
 bool Screen::FireTimers() {
   bool fired = false;
-  for (Form* form : std::vector<Form*>(known_)) {
+  const std::vector<Form*> forms = known_;
+  for (Form* form : forms) {
     if (!form->loaded_) continue;
     for (Timer* timer : RunningTimers(*form)) {
       const double now = clock_.Now();

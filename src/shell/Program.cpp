@@ -1,0 +1,144 @@
+#include "shell/Program.h"
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "link/MasterFrame.h"
+#include "shell/CommandLineKeys.h"
+#include "shell/SettingsFile.h"
+
+namespace tintbench::shell {
+
+namespace {
+
+// The splash stands no longer than this, in seconds, once link-up is over.
+constexpr double kSplashTime = 8.0;
+// A tick of the polling that runs when the window closes has ended by then, in seconds.
+constexpr double kTickTime = 0.8;
+constexpr double kServiceTimeout = 10.0;
+constexpr double kServiceLook = 0.05;
+
+// A debug level is a signed 16-bit number.
+int LevelOf(const std::string& text) {
+  const int level = base::LeadingInt(text);
+  return level < -32768 || level > 32767 ? 0 : level;
+}
+
+}  // namespace
+
+Program::Program(const ProgramSetup& setup)
+    : setup_(setup),
+      paths_(setup.AppPath),
+      startupKeys_{KeyLookup(setup.CommandLine, "KSVDEBUG"), KeyLookup(setup.CommandLine, "PORT")},
+      serialMode_(ReadSerialMode(setup.Files, paths_.SettingsFile())),
+      log_(setup.Files, paths_.DebugLog()),
+      ports_(setup.Port, setup.Clock, status_),
+      transaction_(setup.Port, setup.Clock, commands_, setup.Screen, log_),
+      xmodem_(setup.Port, setup.Clock, setup.Files,
+              {.AppPath = setup.AppPath,
+               .ServeEvents = [this] { setup_.Screen.DoEvents(); },
+               .DebugLevel = [this] { return log_.DebugLevel(); }}),
+      splash_(setup.Screen, setup.Identity),
+      form1_(setup.Screen, setup.Identity, *this, facts_, status_),
+      linkUp_({.Port = setup.Port,
+               .Clock = setup.Clock,
+               .Files = setup.Files,
+               .Screen = setup.Screen,
+               .Ports = ports_,
+               .Commands = transaction_,
+               .Transfer = xmodem_,
+               .Facts = facts_,
+               .Status = status_,
+               .View = form1_},
+              paths_, serialMode_, startupKeys_.Port) {
+  setup_.Screen.Title = setup_.Identity.AppTitle;
+  setup_.Screen.Register(splash_);
+  setup_.Screen.Register(form1_);
+}
+
+Program::Result Program::Main() {
+  ApplyDebugLevel();
+  if (setup_.Files.FileExists(paths_.ReceivedConfigFile())) {
+    // One that can't be deleted is written anew by the next reception, or counts as wrong.
+    static_cast<void>(setup_.Files.Delete(paths_.ReceivedConfigFile()));
+  }
+  ShowSplash();
+  setup_.Screen.Load(form1_);
+  if (!hasPort_) {
+    splash_.Close();
+    return Result::NoPort;
+  }
+  AwaitSplash();
+  setup_.Screen.DoEvents();
+  setup_.Screen.Show(form1_);
+  setup_.Screen.Run();
+  return Result::Good;
+}
+
+void Program::ApplyDebugLevel() {
+  log_.DebugLevel(LevelOf(startupKeys_.KsvDebug));
+  log_.ApplyDebugLevel();
+  form1_.MnuKsvdbg.Visible = log_.DebugLevel() != 0;
+  form1_.MnuKsvdbg.Enabled = log_.DebugLevel() != 0;
+  if (log_.DebugLevel() != 0) form1_.ShowDebugLevel(log_.DebugLevel());
+}
+
+void Program::ShowSplash() {
+  splashSince_ = setup_.Clock.Now();
+  setup_.Screen.Show(splash_);
+  splash_.Refresh();
+}
+
+void Program::AwaitSplash() {
+  const double end = splashSince_ + kSplashTime;
+  while (!splash_.SplashClosed && !setup_.Screen.IsQuitting()) {
+    setup_.Screen.Idle(end - setup_.Clock.Now());
+    if (setup_.Clock.Now() >= end) splash_.Close();
+  }
+}
+
+void Program::LoadMainWindow() {
+  hasPort_ = ports_.DefinePortList();
+  if (!hasPort_) {
+    setup_.Screen.Ask({.Text = base::JoinLines({"ERROR !!!", "", "NO communication port available",
+                                                "", "PROGRAM ABORTED !!"})});
+    return;
+  }
+  transaction_.ClearSerialBusy();
+  if (!setup_.Files.DirExists(paths_.ConfigFolder())) {
+    // Without the folder no configuration can be received, and link-up says so.
+    static_cast<void>(setup_.Files.MakeDir(paths_.ConfigFolder()));
+  }
+  std::string port;
+  std::string settings;
+  linkUp_.LinkMachine(port, settings);
+}
+
+void Program::EndMainWindow() {
+  setup_.Clock.Sleep(kTickTime);
+  if (serialMode_ == kMasterMode) ReturnService();
+  ports_.CloseComPort();
+  log_.CloseDebugLog();
+}
+
+// A machine that ends its answer with code 3 never gives exactly "A": the box is then the normal
+// outcome.
+void Program::ReturnService() {
+  setup_.Port.Output("#PY*");
+  const double start = base::RoundHalfEven(setup_.Clock.Now());
+  std::string answer;
+  while (answer.find(link::kFrameEnd) == std::string::npos &&
+         base::RoundHalfEven(setup_.Clock.Now()) - start < kServiceTimeout) {
+    setup_.Screen.Idle(kServiceLook);
+    answer += setup_.Port.Input();
+  }
+  if (answer != "A") {
+    setup_.Screen.Ask(
+        {.Text = "ERROR in disactive service on MASTER SERIAL", .Icon = ui::BoxIcon::Exclamation});
+  }
+}
+
+void Program::BuildSensorNames(bool configured) {
+  names_ = state::BuildSensorNames(configured, facts_, selectors_);
+}
+
+}  // namespace tintbench::shell

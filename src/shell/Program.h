@@ -1,0 +1,89 @@
+// The whole program below its screens: owns everything that lives for the run, brings it up in
+// order behind the splash, and takes it down again.
+#pragma once
+
+#include <string>
+
+#include "base/AppPaths.h"
+#include "base/Clock.h"
+#include "base/Files.h"
+#include "config/MachineFacts.h"
+#include "config/SelectorCatalogue.h"
+#include "link/ComPort.h"
+#include "link/CommandTable.h"
+#include "link/DebugLog.h"
+#include "link/LinkUp.h"
+#include "link/Transaction.h"
+#include "link/Xmodem.h"
+#include "shell/AppIdentity.h"
+#include "shell/Form1.h"
+#include "shell/Splash.h"
+#include "state/SensorNames.h"
+#include "ui/Screen.h"
+
+namespace tintbench::shell {
+
+// What the program runs on. All of it must outlive the program.
+struct ProgramSetup {
+  base::Clock& Clock;
+  base::FileSystem& Files;
+  link::SerialPort& Port;
+  ui::Screen& Screen;
+  AppIdentity Identity;
+  std::string AppPath;
+  std::string CommandLine;  // free text with the keys KSVDEBUG and PORT
+};
+
+// What the command line and the settings file say.
+struct StartupKeys {
+  std::string KsvDebug;
+  std::string Port;
+};
+
+class Program final : private MainWindowOwner {
+ public:
+  enum class Result { Good, NoPort };
+
+  explicit Program(const ProgramSetup& setup);
+
+  // Runs from the start to the end of the main window.
+  Result Main();
+
+  // Parts that tests and measurements look at.
+  const link::LinkStatus& Status() const { return status_; }
+  const config::MachineFacts& Facts() const { return facts_; }
+  const state::SensorNames& Names() const { return names_; }
+  link::LinkUp& Linker() { return linkUp_; }
+  const std::string& SerialMode() const { return serialMode_; }
+
+ private:
+  void LoadMainWindow() override;
+  void EndMainWindow() override;
+  void BuildSensorNames(bool configured) override;
+
+  void ShowSplash();
+  void AwaitSplash();
+  void ReturnService();
+  void ApplyDebugLevel();
+
+  ProgramSetup setup_;
+  base::AppPaths paths_;
+  StartupKeys startupKeys_;
+  std::string serialMode_;
+  config::SelectorCatalogue selectors_;
+  config::MachineFacts facts_;
+  state::SensorNames names_;
+  link::LinkStatus status_;
+  link::CommandTable commands_;
+  link::DebugLog log_;
+  link::ComPort ports_;
+  link::Transaction transaction_;
+  link::Xmodem xmodem_;
+  frmSplsh splash_;
+  Form1 form1_;
+  link::LinkUp linkUp_;
+  double splashSince_ = 0;
+  bool hasPort_ = false;
+};
+
+}  // namespace tintbench::shell

@@ -1,0 +1,22 @@
+#include "shell/Splash.h"
+
+#include "shell/AppIdentity.h"
+
+namespace tintbench::shell {
+
+frmSplsh::frmSplsh(ui::Screen& screen, const AppIdentity& identity)
+    : ui::Form("frmSplsh"), screen_(screen) {
+  Caption = identity.AppTitle;
+  lblProductName.Caption = identity.AppTitle;
+  lblVersion.Caption = "Ver. " + identity.AppMajor + "." + identity.AppMinor;
+  for (ui::Control* control : Controls()) control->Click = [this] { Close(); };
+}
+
+void frmSplsh::Form_KeyDown(ui::KeyEvent& event) {
+  event.Code = 0;
+  Close();
+}
+
+void frmSplsh::Form_Unload(bool&) { SplashClosed = true; }
+
+}  // namespace tintbench::shell

@@ -1,0 +1,31 @@
+// The panel that stands in front of link-up while the program starts.
+#pragma once
+
+#include "ui/Controls.h"
+#include "ui/Screen.h"
+
+namespace tintbench::shell {
+
+struct AppIdentity;
+
+struct frmSplsh : ui::Form {
+  frmSplsh(ui::Screen& screen, const AppIdentity& identity);
+
+  ui::Label lblProductName{*this, "lblProductName"};
+  ui::Label lblVersion{*this, "lblVersion"};
+
+  // Set once the panel has been closed, by the operator or by the program.
+  bool SplashClosed = false;
+
+  bool IsSplash() const override { return true; }
+  void Form_Click() override { Close(); }
+  void Form_KeyDown(ui::KeyEvent& event) override;
+  void Form_Unload(bool& cancel) override;
+
+  void Close() { screen_.Unload(*this); }
+
+ private:
+  ui::Screen& screen_;
+};
+
+}  // namespace tintbench::shell
