@@ -1,0 +1,135 @@
+#include "link/CommandTable.h"
+
+#include <gtest/gtest.h>
+
+namespace tintbench::link {
+namespace {
+
+TEST(CommandTable, ARowThatDoesNotExistEndsTheProgram) {
+  CommandTable table;
+  EXPECT_DEATH(table.Row(-1), "no command row -1");
+  EXPECT_DEATH(table.Row(50), "no command row 50");
+}
+
+TEST(CommandTable, ArgumentsThatDoNotFit) {
+  struct {
+    int Row;
+    const char* Argument;
+  } const cases[] = {
+      {5, ""},
+      {5, "12G4"},
+      {5, "12345"},
+      {17, "123"},
+      {17, "12a4"},
+      {17, ""},
+      {20, "12 x"},
+      {39, "1"},
+      {21, "1"},
+      {22, "1x"},
+      {28, "1234"},
+      {28, "01x00"},
+      {29, "001"},
+      {30, ""},
+      {37, "x0012FF00"},
+      {37, "w0012FF0"},
+      {37, "w0012FG00"},
+      {38, "b0012FF0000G0"},
+      {41, "a1"},
+      {42, "123456789"},
+      {43, "X01"},
+      {43, "M0x"},
+      {43, ""},
+      {44, "M0100000000010000000"},
+      {45, "X"},
+      {45, "TT"},
+      {45, ""},
+      {47, "X0000000001"},
+      {47, "T000000001"},
+      {47, "T00000000x1"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_FALSE(ValidateArgument(c.Row, c.Argument)) << c.Row << ": " << c.Argument;
+  }
+}
+
+TEST(CommandTable, ArgumentsThatFit) {
+  struct {
+    int Row;
+    const char* Argument;
+  } const cases[] = {
+      {5, "00Ff"},       {17, "010203"},
+      {19, "01"},        {39, "0102"},
+      {21, "01"},        {28, "01400"},
+      {30, "33"},        {37, "w0012FF00"},
+      {37, "B0012ff00"}, {38, "W0012FF001234"},
+      {41, "01"},        {42, "0112341234"},
+      {43, "m01"},       {44, "P0100000000010000000002"},
+      {45, "d"},         {47, "f0000000001"},
+      {10, "anything"},  {11, ""},
+      {23, "x"},         {46, "?"},
+      {49, "#s*"},       {0, "x"},
+      {-1, "x"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_TRUE(ValidateArgument(c.Row, c.Argument)) << c.Row << ": " << c.Argument;
+  }
+}
+
+TEST(CommandTable, ACallFinishesTheCommandAndPutsTheRowBack) {
+  CommandTable table;
+  struct {
+    int Row;
+    const char* Argument;
+    const char* Command;
+    std::size_t AnswerLength;
+  } const cases[] = {
+      {0, "x", "#ir*", 9},         {17, "010203", "#a010203*", 7}, {21, "01", "#do01*", 4},
+      {46, "M", "#kvM*", 0},       {49, "#x y*", "#x y*", 0},      {49, "", "", 0},
+      {10, "07 1", "#ix07 1*", 1},
+  };
+  for (const auto& c : cases) {
+    const std::string before = table.Row(c.Row).Command;
+    {
+      CommandCall call(table, c.Row, c.Argument);
+      EXPECT_EQ(table.Row(c.Row).Command, c.Command);
+      EXPECT_EQ(ExpectedAnswerLength(table.Row(c.Row)), c.AnswerLength) << c.Command;
+      call.Row().AnswerLength = 25;
+      call.Row().TimeoutSeconds = 1;
+    }
+    EXPECT_EQ(table.Row(c.Row).Command, before);
+    EXPECT_NE(table.Row(c.Row).AnswerLength, 25);
+    EXPECT_GE(table.Row(c.Row).TimeoutSeconds, 5.0F);
+  }
+  CommandCall call(table, 49, "x");
+  call.Row().AnswerLength = -1;
+  EXPECT_EQ(ExpectedAnswerLength(call.Row()), 0U);
+}
+
+TEST(CommandTable, TimeoutsComeFromTheConfigurationWhereItHasOne) {
+  const CommandTable table;
+  config::MachineFacts facts;
+  EXPECT_FLOAT_EQ(table.CommandTimeout("01", 21, facts), 18);
+  EXPECT_FLOAT_EQ(table.CommandTimeout("", 33, facts), 12);
+  facts.ElementLists[config::kCaps] = "01,02,04,";
+  facts.CapTimeList = "20,0,7.5,";
+  facts.ResetTimeout = 30;
+  EXPECT_FLOAT_EQ(table.CommandTimeout("01", 21, facts), 24);
+  EXPECT_FLOAT_EQ(table.CommandTimeout("02", 22, facts), 18);
+  EXPECT_FLOAT_EQ(table.CommandTimeout("04", 23, facts), 9);
+  EXPECT_FLOAT_EQ(table.CommandTimeout("03", 23, facts), 18);
+  EXPECT_FLOAT_EQ(table.CommandTimeout("01", 33, facts), 36);
+}
+
+TEST(CommandTable, PromptsAreLinesOfText) {
+  const CommandTable table;
+  EXPECT_EQ(table.Row(0).Prompt, "");
+  EXPECT_EQ(table.Row(18).Prompt, table.Row(17).Prompt);
+  EXPECT_EQ(table.Row(28).Prompt,
+            "Input 5 decimal characters:\r\n2 for the motor number,\r\n3 for motor speed");
+  EXPECT_TRUE(table.Row(47).Prompt.ends_with(
+      "'D'(=dispensation-number) then\r\n10 decimal characters for the corresponding value"));
+  EXPECT_TRUE(table.Row(46).Prompt.ends_with("or 'P'(=cap) for the wished device-type"));
+}
+
+}  // namespace
+}  // namespace tintbench::link
