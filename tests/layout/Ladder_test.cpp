@@ -181,6 +181,7 @@ TEST(SourceRules, ConstantsFunctionsAndMembersAreNoGlobals) {
         "struct A {\n  int x;\n  struct B { int y; } b;\n};",
         "typedef int (*F)(int);",
         "extern \"C\" { void F(int); }",
+        "int F(A a = {}, B b = {1});\nA G(A a = {}) { return a; }",
         "auto F() -> int { return 0; }\nint G();",
         "static int Twice(int x) { return 2 * x; }",
         "const char kLong[] = R\"(int a; {)\";"}) {

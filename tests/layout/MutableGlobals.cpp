@@ -82,8 +82,14 @@ bool IsConstant(const Statement& declared) {
   return false;
 }
 
+std::ptrdiff_t Count(const Statement& statement, std::string_view text) {
+  return std::count_if(statement.begin(), statement.end(),
+                       [text](const Token& token) { return token.Text == text; });
+}
+
 // The kind of scope that a "{" opens behind a statement at namespace or class level.
 Scope KindBehind(const Statement& statement) {
+  if (Count(statement, "(") != Count(statement, ")")) return Scope::Value;
   const Statement declared = Declared(statement);
   if (Has(declared, "namespace") || (Has(declared, "extern") && Has(declared, "\"\""))) {
     return Scope::Namespace;
