@@ -35,7 +35,6 @@ void Xmodem::XmodemBind(const XmodemDisplay& display, std::function<PortSelectio
 
 void Xmodem::XmodemBind(std::function<PortSelection()> selection) {
   session_.Report.Unbind();
-  session_.Report.QuietReport = false;
   selection_ = std::move(selection);
   bound_ = true;
 }
@@ -62,10 +61,8 @@ int Xmodem::XmodemReceiveQuiet(const std::string& file) {
   if (running_) return kXmodemNoPort;
   XmodemInit();
   XmodemBind();
-  session_.Report.QuietReport = true;
   const int status = XmodemTransfer(kXmodemReceive, kXmodemSmallBlock, file);
   bound_ = false;
-  session_.Report.QuietReport = false;
   return status;
 }
 

@@ -31,7 +31,7 @@ void Choose(ui::ControlArray<ui::OptionButton>& buttons, int choice) {
 }  // namespace
 
 void XmodemReport::ReportStatus(int status, const XmodemProgress& progress) {
-  if (QuietReport || !display_) return;
+  if (!display_) return;
   if (status != kXmodemProgress) {
     display_->LblEstat.Caption = CaptionOf(status);
     display_->LblEstat.Refresh();

@@ -36,9 +36,7 @@ class XmodemReport {
   void Bind(const XmodemDisplay& display) { display_.emplace(display); }
   void Unbind() { display_.reset(); }
 
-  // While true nothing is shown.
-  bool QuietReport = false;
-
+  // Shows a status and what is told of the progress. Without a display nothing is shown.
   void ReportStatus(int status, const XmodemProgress& progress = {});
 
  private:

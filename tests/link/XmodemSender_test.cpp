@@ -23,8 +23,10 @@ const Case kCases[] = {
      [](ScriptedPort& port) { PlayGoodEnd(port.Reply(kNak).Expect(Block(1, kData))); }},
     {"CRC asked for", 0, 1,
      [](ScriptedPort& port) { PlayGoodEnd(port.Reply("C").Expect(Block(1, kData, 128, true))); }},
-    {"one CAN before the start", 0, 1,
-     [](ScriptedPort& port) { PlayGoodEnd(port.Reply(kCan + kNak).Expect(Block(1, kData))); }},
+    {"single CANs before the start", 0, 1,
+     [](ScriptedPort& port) {
+       PlayGoodEnd(port.Reply(kCan + "x" + kCan + kNak).Expect(Block(1, kData)));
+     }},
     {"nine wrong characters before the start", 0, 1,
      [](ScriptedPort& port) {
        PlayGoodEnd(port.Reply("xxxxxxxxx" + kNak).Expect(Block(1, kData)));
