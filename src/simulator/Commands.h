@@ -17,6 +17,7 @@ enum class Task {
   Restart,  // with the configuration that was received
   SendConfiguration,
   ReceiveConfiguration,
+  LoadProgram,        // one file after another, in the loader
   TakeMasterService,  // the master line may give commands
   ReturnMasterService,
 };

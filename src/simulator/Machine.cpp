@@ -12,10 +12,11 @@ constexpr int kUsualMasterBaud = 9600;
 }  // namespace
 
 Machine::Machine(const base::Clock& clock, MachineOptions options)
-    : clock_(clock), options_(std::move(options)), now_(clock.Now()), readyAt_(now_) {
-  plant_.Config = Configuration::Read(options_.Configuration, options_.Slave);
-  plant_.Firmware = options_.Firmware;
-}
+    : clock_(clock),
+      options_(std::move(options)),
+      now_(clock.Now()),
+      plant_(Configuration::Read(options_.Configuration, options_.Slave), options_.Firmware, now_),
+      readyAt_(now_) {}
 
 void Machine::Attach(const LineFormat& format) {
   Live();

@@ -6,8 +6,10 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Clock.h"
 #include "simulator/CommandReader.h"
@@ -63,6 +65,9 @@ class Machine {
   // Counts up each time the line is taken off.
   std::size_t PullCount() const { return pulls_; }
 
+  // What the program loader has received since the last reset into it.
+  const std::string& LoadedProgram() const { return program_; }
+
   // Tells the machine to do something by name, such as "can on" or "fault late 3". Gives an empty
   // text, or one line of what is wrong.
   std::string Tell(std::string_view words);
@@ -72,6 +77,8 @@ class Machine {
 
  private:
   enum class SerialLine { None, Service, Master };
+
+  static constexpr double kResetSeconds = 3.0;  // from power-on to the first answer
 
   // What the machine will do without being asked again: an answer under way, and a task behind it.
   struct Pending {
@@ -95,10 +102,23 @@ class Machine {
   void BeginTransfer(std::unique_ptr<Transfer> transfer, Task task);
   void AfterTransfer();
   void EndReception(const std::string& text);
+  void EndLoading(const std::string& part);
   TransferFaults FaultsOfTransfer() const;
   std::string ConfigurationToSend() const;
   void Restart(double seconds);
   void Pull();
+
+  // The words of `Tell` that are about the machine as a whole; false for words that make no sense.
+  using Words = std::vector<std::string>;
+  struct Word;
+  static std::span<const Word> MachineWords();
+  std::string SetFault(const Words& words);
+  bool UnplugLine(const Words& words);
+  bool PlugLine(const Words& words);
+  bool PressReset(const Words& words);
+  bool SwitchPower(const Words& words);
+  bool SetFirmware(const Words& words);
+  bool SetXmodem(const Words& words);
 
   const base::Clock& clock_;
   MachineOptions options_;
@@ -121,6 +141,7 @@ class Machine {
   std::deque<Pending> pending_;  // by time
   std::unique_ptr<Transfer> transfer_;
   Task transferTask_ = Task::None;
+  std::string program_;
   std::optional<Configuration> received_;  // what the next restart takes into use
   double readyAt_;                         // deaf until then
 };

@@ -58,6 +58,7 @@ bool Machine::Listens(const Frame& frame) const {
 
 void Machine::Obey(const Frame& frame) {
   if (!Listens(frame)) return;
+  plant_.Settle(now_);
   const CommandRow* row = frame.IsMaster ? nullptr : FindCommand(frame.Text);
   const std::string_view name =
       frame.IsMaster ? kMasterFunction : (row != nullptr ? row->Mnemonic : frame.Text);

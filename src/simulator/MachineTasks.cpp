@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "simulator/Machine.h"
@@ -7,10 +8,12 @@ namespace tintbench::simulator {
 
 namespace {
 
-constexpr double kResetSeconds = 3.0;     // from power-on to the first answer
 constexpr double kRestartSeconds = 0.4;   // with a new configuration
 constexpr double kSecondsPerGroup = 2.0;  // for each external group to come up
 constexpr double kWriteSeconds = 0.5;     // to store a received configuration
+
+constexpr int kEndless = std::numeric_limits<int>::max();
+constexpr std::size_t kLongestProgram = std::size_t{8} << 20;
 
 std::size_t Place(std::optional<double> block) {
   return block ? static_cast<std::size_t>(std::min(*block, 1e6)) : 0;
@@ -35,6 +38,10 @@ void Machine::Begin(Task task) {
     case Task::ReceiveConfiguration:
       return BeginTransfer(
           std::make_unique<XmodemReceiver>(options_.AsksForCrc, FaultsOfTransfer(), now_), task);
+    case Task::LoadProgram:
+      return BeginTransfer(
+          std::make_unique<XmodemReceiver>(options_.AsksForCrc, FaultsOfTransfer(), now_, kEndless),
+          task);
     case Task::TakeMasterService:
       masterService_ = true;
       return;
@@ -49,7 +56,13 @@ void Machine::Restart(double seconds) {
   transfer_.reset();
   reader_.Clear();
   masterService_ = false;
-  readyAt_ = now_ + seconds + kSecondsPerGroup * plant_.Config.Number("@GEN", 8, 0);
+  plant_.Settle(now_);
+  plant_.Reset(now_);
+  readyAt_ = now_ + seconds + kSecondsPerGroup * std::max(plant_.Config.Number("@GEN", 8, 0), 0);
+  if (plant_.DipSwitches[Plant::kLoader]) {
+    program_.clear();
+    Schedule(readyAt_, "", Task::LoadProgram);
+  }
 }
 
 void Machine::BeginTransfer(std::unique_ptr<Transfer> transfer, Task task) {
@@ -62,6 +75,11 @@ void Machine::AfterTransfer() {
   Emit(transfer_->TakeOutput());
   if (transfer_->End() == TransferEnd::Running) return;
   const std::unique_ptr<Transfer> ended = std::move(transfer_);
+  if (transferTask_ == Task::LoadProgram) {
+    return EndLoading(ended->End() == TransferEnd::Good
+                          ? static_cast<const XmodemReceiver&>(*ended).Text()
+                          : std::string());
+  }
   if (ended->End() == TransferEnd::Failed) return;
   if (transferTask_ == Task::ReceiveConfiguration) {
     EndReception(static_cast<const XmodemReceiver&>(*ended).Text());
@@ -78,6 +96,14 @@ void Machine::EndReception(const std::string& text) {
   if (good) received_ = std::move(configuration);
   Schedule(now_ + kWriteSeconds, answers ? (good ? "K" : "N") : "",
            good ? Task::Restart : Task::None);
+}
+
+// A program comes in parts; the line "@PDD" closes the last one.
+void Machine::EndLoading(const std::string& part) {
+  const bool room = program_.size() + part.size() <= kLongestProgram;
+  if (room) program_ += part;
+  const bool isLast = part.starts_with("@PDD ") || part.find("\n@PDD ") != std::string::npos;
+  if (!isLast) Begin(Task::LoadProgram);
 }
 
 TransferFaults Machine::FaultsOfTransfer() const {

@@ -1,9 +1,48 @@
 #include "simulator/Plant.h"
 
+#include <charconv>
+#include <utility>
+
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
 
-int Plant::FirmwareNumber() const { return LeadingNumber(Firmware); }
+Plant::Plant(Configuration configuration, std::string firmware, double now)
+    : Config(std::move(configuration)), Firmware(std::move(firmware)) {
+  TheStatistics.Begin(now);
+  Reset(now);
+}
+
+double Plant::FirmwareNumber() const {
+  double number = 0;
+  std::from_chars(Firmware.data(), Firmware.data() + Firmware.size(), number);
+  return number;
+}
+
+void Plant::Settle(double now) {
+  TheProcesses.Settle(now);
+  for (const ValveTest::Turn& turn : TheValveTest.TakeEnded(now)) {
+    if (Counter* counter = TheStatistics.Find('C', turn.Valve)) counter->Add(turn.Seconds, 1.0);
+  }
+}
+
+void Plant::Reset(double now) {
+  TheElements.AllOff(now);
+  TheValveTest.Stop(now, Errors);
+  TheShelf.Stop(now);
+  TheStatistics.Recall(now);
+  TheProcesses.Begin(now);
+  Errors.Clear();
+  if (const auto fault = HexNumber(Config.Fault())) Errors.Add(*fault, now);
+  Mask.clear();
+  Outputs = kUsualOutputs;
+  SpiEnabled = true;
+  AutoConfigurationEnds = now;
+}
+
+bool Plant::Busy(double now) const {
+  return TheValveTest.Running(now) || TheShelf.Direction(now) != 0 || TheShelf.Punching(now) ||
+         TheCaps.AnyMoving(now) || now < AutoConfigurationEnds;
+}
 
 }  // namespace tintbench::simulator

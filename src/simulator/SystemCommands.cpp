@@ -1,3 +1,4 @@
+// Commands on the machine as a whole: its processes, its lines, its configuration.
 #include <array>
 
 #include "simulator/Commands.h"
@@ -7,19 +8,61 @@ namespace tintbench::simulator {
 
 namespace {
 
+constexpr double kAutoConfigurationSeconds = 5.0;
+
+bool Exchanges(const Plant& plant) {
+  return plant.FirmwareNumber() >= Plant::kFirstWithConfiguration;
+}
+
+template <ProcessGroup kGroup, bool kHold>
+Reply HoldProcesses(Plant& plant, const std::string&, double now) {
+  plant.TheProcesses.Hold(kGroup, kHold, now);
+  return {"A"};
+}
+
+template <bool kEnabled>
+Reply SwitchSpi(Plant& plant, const std::string&, double) {
+  plant.SpiEnabled = kEnabled;
+  return {"A"};
+}
+
+Reply AutoConfigure(Plant& plant, const std::string&, double now) {
+  plant.AutoConfigurationEnds = now + kAutoConfigurationSeconds;
+  return {"A"};
+}
+
+Reply ReturnService(Plant&, const std::string&, double) {
+  return {"A", Reply::kPromptSeconds, Task::ReturnMasterService};
+}
+
+// The "A" comes at once, the "K" when the machine is back.
+Reply ResetMachine(Plant&, const std::string&, double) {
+  return {"A", Reply::kPromptSeconds, Task::Reset};
+}
+
 Reply GiveConfiguration(Plant& plant, const std::string&, double) {
-  if (plant.FirmwareNumber() < Plant::kFirstWithConfiguration) return {};
+  if (!Exchanges(plant)) return {};
   return {"A", Reply::kPromptSeconds, Task::SendConfiguration};
 }
 
 Reply TakeConfiguration(Plant& plant, const std::string&, double) {
-  const bool answers = plant.FirmwareNumber() >= Plant::kFirstWithConfiguration;
-  return {answers ? "A" : "", Reply::kPromptSeconds, Task::ReceiveConfiguration};
+  return {Exchanges(plant) ? "A" : "", Reply::kPromptSeconds, Task::ReceiveConfiguration};
 }
 
+constexpr auto kAny = Characters::Any;
+
 constexpr std::array kRows = {
-    CommandRow{"CR", 0, 0, Characters::Any, GiveConfiguration},
-    CommandRow{"CT", 0, 0, Characters::Any, TakeConfiguration},
+    CommandRow{"PB", 0, 0, kAny, HoldProcesses<ProcessGroup::Timed, true>},
+    CommandRow{"PR", 0, 0, kAny, HoldProcesses<ProcessGroup::Timed, false>},
+    CommandRow{"PM", 0, 0, kAny, HoldProcesses<ProcessGroup::Master, true>},
+    CommandRow{"PS", 0, 0, kAny, HoldProcesses<ProcessGroup::Master, false>},
+    CommandRow{"PY", 0, 0, kAny, ReturnService},
+    CommandRow{"H", 0, 0, kAny, ResetMachine},
+    CommandRow{"ND", 0, 0, kAny, SwitchSpi<false>},
+    CommandRow{"NA", 0, 0, kAny, SwitchSpi<true>},
+    CommandRow{"JA", 0, 0, kAny, AutoConfigure},
+    CommandRow{"CR", 0, 0, kAny, GiveConfiguration},
+    CommandRow{"CT", 0, 0, kAny, TakeConfiguration},
 };
 
 }  // namespace

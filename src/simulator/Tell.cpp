@@ -1,35 +1,166 @@
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "simulator/Machine.h"
+#include "simulator/PlantWords.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
 
-std::string Machine::Tell(std::string_view words) {
-  Live();
-  std::vector<std::string> pieces = Words(words);
-  if (pieces.empty()) return "machine: a word is missing";
-  const std::string verb = pieces.front();
-  pieces.erase(pieces.begin());
-  if (verb == "unplug") {
-    Pull();
-    return {};
-  }
-  if (verb == "plug") {
-    plugged_ = true;
-    return {};
-  }
-  if (verb == "fault") {
-    std::string error = faults_.Set(pieces);
-    if (const auto seconds = faults_.Value(Fault::Unplug)) {
-      pullAt_ = now_ + *seconds;
-      faults_.Clear(Fault::Unplug);
-    }
-    return error;
-  }
-  return "machine: unknown word " + verb;
+namespace {
+
+constexpr std::size_t kUsageWidth = 40;
+constexpr std::size_t kNameWidth = 18;
+
+std::string Column(std::string_view text, std::size_t width) {
+  std::string column = "  " + std::string(text);
+  column.resize(std::max(column.size() + 1, width + 2), ' ');
+  return column;
 }
 
-std::string Machine::TellHelp() { return {}; }
+std::string_view ValueName(FaultValue value) {
+  switch (value) {
+    case FaultValue::None:
+      return "-";
+    case FaultValue::Times:
+      return "times";
+    case FaultValue::Seconds:
+      return "seconds";
+    case FaultValue::Characters:
+      return "characters";
+    case FaultValue::Block:
+      return "block";
+    case FaultValue::Rate:
+      return "rate 0..1";
+  }
+  return "";
+}
+
+std::string Usual(const FaultKind& kind) {
+  if (kind.Value == FaultValue::None) return "";
+  if (kind.Value == FaultValue::Times) return "always";
+  std::string number = std::to_string(kind.Default);
+  number.erase(number.find_last_not_of('0') + 1);
+  if (number.back() == '.') number.pop_back();
+  return number;
+}
+
+}  // namespace
+
+struct Machine::Word {
+  std::string_view Verb;
+  std::string_view Usage;
+  std::string_view Help;
+  bool (Machine::*Run)(const Words& words);
+};
+
+std::span<const Machine::Word> Machine::MachineWords() {
+  static constexpr std::array kWords = {
+      Word{"unplug", "unplug", "takes the line off", &Machine::UnplugLine},
+      Word{"plug", "plug", "puts the line back", &Machine::PlugLine},
+      Word{"reset", "reset", "presses the RESET button", &Machine::PressReset},
+      Word{"power", "power on|off", "switches the machine", &Machine::SwitchPower},
+      Word{"firmware", "firmware TEXT", "changes the version", &Machine::SetFirmware},
+      Word{"xmodem", "xmodem crc|checksum|128|1024", "check as receiver, block size as sender",
+           &Machine::SetXmodem},
+  };
+  return kWords;
+}
+
+std::string Machine::Tell(std::string_view text) {
+  Live();
+  plant_.Settle(now_);
+  Words words = simulator::Words(text);
+  if (words.empty()) return "a word is missing";
+  const std::string verb = words.front();
+  words.erase(words.begin());
+  if (verb == "fault") return SetFault(words);
+  const auto wrong = [](std::string_view usage) { return "usage: " + std::string(usage); };
+  for (const Word& word : MachineWords()) {
+    if (word.Verb == verb) return (this->*word.Run)(words) ? std::string() : wrong(word.Usage);
+  }
+  for (const PlantWord& word : PlantWords()) {
+    if (word.Verb == verb) return word.Run(plant_, words, now_) ? std::string() : wrong(word.Usage);
+  }
+  return "unknown word: " + verb;
+}
+
+std::string Machine::TellHelp() {
+  std::string help = "Words:\n";
+  for (const Word& word : MachineWords()) {
+    help += Column(word.Usage, kUsageWidth) + std::string(word.Help) + "\n";
+  }
+  for (const PlantWord& word : PlantWords()) {
+    help += Column(word.Usage, kUsageWidth) + std::string(word.Help) + "\n";
+  }
+  help += Column("fault NAME [VALUE] [#COMMAND*] | NAME off", kUsageWidth) + "see below\n";
+  help += Column("fault none", kUsageWidth) + "switches all faults off\n\n";
+  help += "Faults (those marked * can be restricted to one command, as in refuse #cr*):\n";
+  for (const FaultKind& kind : FaultKinds()) {
+    help += Column(std::string(kind.Name) + (kind.PerCommand ? " *" : ""), kNameWidth) +
+            Column(ValueName(kind.Value), 11) + Column(Usual(kind), 7) + std::string(kind.Help) +
+            "\n";
+  }
+  return help;
+}
+
+// The line comes off by the clock, once; the fault isn't kept.
+std::string Machine::SetFault(const Words& words) {
+  std::string error = faults_.Set(words);
+  if (words == Words{"none"} || words == Words{"unplug", "off"}) pullAt_ = kNever;
+  if (const auto seconds = faults_.Value(Fault::Unplug)) {
+    pullAt_ = now_ + *seconds;
+    faults_.Clear(Fault::Unplug);
+  }
+  return error;
+}
+
+bool Machine::UnplugLine(const Words& words) {
+  if (!words.empty()) return false;
+  Pull();
+  return true;
+}
+
+bool Machine::PlugLine(const Words& words) {
+  if (!words.empty()) return false;
+  plugged_ = true;
+  return true;
+}
+
+bool Machine::PressReset(const Words& words) {
+  if (!words.empty()) return false;
+  Restart(kResetSeconds);
+  return true;
+}
+
+bool Machine::SwitchPower(const Words& words) {
+  if (words == Words{"on"}) {
+    Restart(kResetSeconds);
+    return true;
+  }
+  if (words != Words{"off"}) return false;
+  Restart(kNever);
+  pending_.clear();
+  return true;
+}
+
+bool Machine::SetFirmware(const Words& words) {
+  if (words.size() != 1) return false;
+  plant_.Firmware = words[0];
+  return true;
+}
+
+bool Machine::SetXmodem(const Words& words) {
+  if (words.size() != 1) return false;
+  const std::string& what = words[0];
+  if (what == "crc" || what == "checksum") {
+    options_.AsksForCrc = what == "crc";
+    return true;
+  }
+  if (what != "128" && what != "1024") return false;
+  options_.BlockSize = what == "128" ? 128 : 1024;
+  return true;
+}
 
 }  // namespace tintbench::simulator

@@ -87,7 +87,8 @@ class XmodemReceiver final : public Transfer {
   // The most that is taken before the transfer is broken off.
   static constexpr std::size_t kLongest = std::size_t{1} << 20;
 
-  XmodemReceiver(bool crc, const TransferFaults& faults, double now);
+  // Gives up after `mostRequests` requests in a row without a block.
+  XmodemReceiver(bool crc, const TransferFaults& faults, double now, int mostRequests = 20);
 
   void Receive(unsigned char byte, double now) override;
   void Tick(double now) override;
@@ -106,6 +107,7 @@ class XmodemReceiver final : public Transfer {
 
   bool crc_;
   TransferFaults faults_;
+  int mostRequests_;
   State state_ = State::Header;
   bool started_ = false;  // a block has begun, so the sender has chosen its check
   std::size_t blockSize_ = 0;

@@ -12,13 +12,12 @@ constexpr double kRequestSeconds = 3.0;
 constexpr double kByteSeconds = 1.0;
 constexpr double kQuietSeconds = 0.2;  // a line quiet for so long holds nothing of a bad block
 constexpr int kCrcRequests = 3;
-constexpr int kMostRequests = 20;
 constexpr std::size_t kNumbers = 2;  // block number and its complement
 
 }  // namespace
 
-XmodemReceiver::XmodemReceiver(bool crc, const TransferFaults& faults, double now)
-    : crc_(crc), faults_(faults) {
+XmodemReceiver::XmodemReceiver(bool crc, const TransferFaults& faults, double now, int mostRequests)
+    : crc_(crc), faults_(faults), mostRequests_(mostRequests) {
   deadline_ = now + kFirstRequestSeconds;
 }
 
@@ -106,7 +105,7 @@ void XmodemReceiver::Tick(double now) {
 }
 
 void XmodemReceiver::Ask(double now) {
-  if (++asked_ > kMostRequests) return CancelFromHere();
+  if (++asked_ > mostRequests_) return CancelFromHere();
   if (!started_ && asked_ > kCrcRequests) crc_ = false;
   Emit(crc_ && !started_ ? kCrcRequest : kNak);
   deadline_ = now + kRequestSeconds;

@@ -1,0 +1,155 @@
+#include "simulator/PlantWords.h"
+
+#include <array>
+#include <optional>
+
+#include "simulator/Inputs.h"
+#include "simulator/Plant.h"
+#include "simulator/Text.h"
+
+namespace tintbench::simulator {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+std::optional<bool> OnOff(const std::string& word) {
+  if (word == "on") return true;
+  if (word == "off") return false;
+  return std::nullopt;
+}
+
+// Four hexadecimal digits.
+std::optional<std::uint32_t> ErrorCode(const std::string& word) {
+  return word.size() == 4 ? HexNumber(word) : std::nullopt;
+}
+
+bool Can(Plant& plant, const Words& words, double now) {
+  if (words.size() != 1 || !OnOff(words[0])) return false;
+  plant.TheShelf.PutCan(*OnOff(words[0]), now);
+  return true;
+}
+
+bool Door(Plant& plant, const Words& words, double) {
+  if (words.size() != 1 || (words[0] != "open" && words[0] != "closed")) return false;
+  plant.DoorOpen = words[0] == "open";
+  return true;
+}
+
+bool Input(Plant& plant, const Words& words, double) {
+  if (words.size() != 2) return false;
+  const int connector = LeadingNumber(words[0]);
+  if (connector < 1 || connector > kConnectors) return false;
+  if (words[1] == "auto") {
+    plant.ForcedInputs.erase(connector);
+    return true;
+  }
+  if (!OnOff(words[1])) return false;
+  plant.ForcedInputs[connector] = *OnOff(words[1]);
+  return true;
+}
+
+bool Error(Plant& plant, const Words& words, double now) {
+  if (words.size() != 1) return false;
+  if (words[0] == "none") {
+    plant.Errors.Clear();
+    return true;
+  }
+  if (!ErrorCode(words[0])) return false;
+  plant.Errors.Add(*ErrorCode(words[0]), now);
+  return true;
+}
+
+bool Cap(Plant& plant, const Words& words, double) {
+  if (words.size() != 2) return false;
+  const int cap = LeadingNumber(words[0]);
+  const std::string& what = words[1];
+  if (what == "open") return plant.TheCaps.Put(cap, CapPosition::Open);
+  if (what == "closed") return plant.TheCaps.Put(cap, CapPosition::Closed);
+  if (what == "middle") return plant.TheCaps.Put(cap, CapPosition::Middle);
+  if (what == "stuck") return plant.TheCaps.Stick(cap, true);
+  return what == "free" && plant.TheCaps.Stick(cap, false);
+}
+
+bool ShelfAt(Plant& plant, const Words& words, double now) {
+  if (words.size() != 1 || !plant.TheShelf.Exists()) return false;
+  const std::optional<double> height = words[0] == "high"  ? plant.TheShelf.Top()
+                                       : words[0] == "low" ? 0.0
+                                                           : WholeNumber(words[0]);
+  if (height) plant.TheShelf.Put(*height, now);
+  return height.has_value();
+}
+
+bool Valve(Plant& plant, const Words& words, double) {
+  return words.size() == 2 && plant.TheValveTest.SetCondition(LeadingNumber(words[0]), words[1]);
+}
+
+bool Motor(Plant& plant, const Words& words, double) {
+  if (words.size() != 2 || (words[1] != "good" && words[1] != "broken")) return false;
+  const int motor = LeadingNumber(words[0]);
+  if (!plant.Config.Has("@MOT", motor)) return false;
+  plant.TheElements.BreakMotor(motor, words[1] == "broken");
+  return true;
+}
+
+bool Group(Plant& plant, const Words& words, double) {
+  if (words.size() != 2 || !OnOff(words[1])) return false;
+  const int group = LeadingNumber(words[0]);
+  if (!plant.TheGroups.Exists(group)) return false;
+  plant.TheGroups.SwitchGroup(group, *OnOff(words[1]));
+  return true;
+}
+
+bool Reading(Plant& plant, const Words& words, double) {
+  if (words.size() != 4) return false;
+  const GroupInput input{LeadingNumber(words[0]), LeadingNumber(words[1]), LeadingNumber(words[2])};
+  if (words[3] == "auto") return plant.TheGroups.Free(input);
+  if (words[3] == "cut") return plant.TheGroups.Cut(input);
+  const std::optional<double> value = WholeNumber(words[3]);
+  return value && plant.TheGroups.Fix(input, *value);
+}
+
+bool Dip(Plant& plant, const Words& words, double) {
+  if (words.size() != 2 || !OnOff(words[1])) return false;
+  const int dip = LeadingNumber(words[0]);
+  if (dip < 1 || dip > static_cast<int>(plant.DipSwitches.size())) return false;
+  plant.DipSwitches[static_cast<std::size_t>(dip - 1)] = *OnOff(words[1]);
+  return true;
+}
+
+bool AutotestCycle(Plant& plant, const Words& words, double) {
+  if (words.size() == 1 && words[0] == "none") {
+    plant.TheAutotest.Clear();
+    return true;
+  }
+  if (words.empty() || words[0] != "cycle") return false;
+  std::vector<std::uint32_t> errors;
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    if (!ErrorCode(words[i])) return false;
+    errors.push_back(*ErrorCode(words[i]));
+  }
+  return plant.TheAutotest.Add(errors);
+}
+
+constexpr std::array kWords = {
+    PlantWord{"can", "can on|off", "puts a can on the shelf, or takes it away", Can},
+    PlantWord{"door", "door open|closed", "moves the safety door", Door},
+    PlantWord{"input", "input N on|off|auto", "forces connector N, 1 to 20", Input},
+    PlantWord{"error", "error CODE|none", "adds an error of four hexadecimal digits", Error},
+    PlantWord{"cap", "cap N open|closed|middle|stuck|free", "moves a cap by hand, or blocks it",
+              Cap},
+    PlantWord{"shelf", "shelf high|low|MM", "puts the shelf somewhere", ShelfAt},
+    PlantWord{"valve", "valve N good|broken|shorted", "what the valve test finds", Valve},
+    PlantWord{"motor", "motor N good|broken", "a broken motor doesn't turn", Motor},
+    PlantWord{"group", "group N on|off", "switches an external group", Group},
+    PlantWord{"reading", "reading GROUP 0|1 TYPE VALUE|cut|auto", "fixes an input of a group",
+              Reading},
+    PlantWord{"dip", "dip N on|off", "dip-switch 1 to 4; 4 is read at a reset", Dip},
+    PlantWord{"autotest", "autotest cycle [CODE...]|none", "adds a self-test cycle", AutotestCycle},
+};
+
+}  // namespace
+
+std::span<const PlantWord> PlantWords() { return kWords; }
+
+}  // namespace tintbench::simulator
