@@ -25,7 +25,9 @@ TEST(DebugLog, WritesTransactionsAtItsExactLevelAndStartsAnewEachTime) {
     log.DebugLevel(step.Level);
     log.ApplyDebugLevel();
     EXPECT_EQ(log.DebugLogging(), step.Level == 15);
-    if (step.Level == 15) EXPECT_EQ(folder.Get("ksvdebug.txt"), "");
+    if (step.Level == 15) {
+      EXPECT_EQ(folder.Get("ksvdebug.txt"), "");
+    }
     log.WriteTransaction("#jf*", "A   5");
     log.WriteTransaction("#s*", "");
     EXPECT_EQ(folder.Get("ksvdebug.txt"), step.Content) << step.Level;
