@@ -57,7 +57,8 @@ void PropertyOwner::AskForFocus() {
 }
 
 void PropertyOwner::AnnounceControls() {
-  for (Observer* observer : std::vector<Observer*>(observers_)) observer->ControlsChanged();
+  const std::vector<Observer*> observers = observers_;
+  for (Observer* observer : observers) observer->ControlsChanged();
 }
 
 void PropertyOwner::Announce(const PropertyBase& property) {

@@ -1,0 +1,93 @@
+// The whole program on the virtual clock, with simulated machines on its ports and a screen that
+// notes every box and answers it. What the main window does is up to the test.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Clock.h"
+#include "base/Files.h"
+#include "base/ScratchFolder.h"
+#include "shell/Program.h"
+#include "simulator/SimulatedPort.h"
+#include "ui/NotingScreen.h"
+
+namespace tintbench::testing {
+
+// Passes everything on to another port, and notes openings and what is written.
+class NotingPort final : public link::SerialPort {
+ public:
+  explicit NotingPort(link::SerialPort& port) : port_(port) {}
+
+  std::string Written;
+  std::vector<std::string> Opened;  // "2: 19200,N,8,1", whether it succeeded or not
+
+  int CommPort() const override { return port_.CommPort(); }
+  void CommPort(int number) override { port_.CommPort(number); }
+  std::string Settings() const override { return port_.Settings(); }
+  void Settings(const std::string& settings) override { port_.Settings(settings); }
+  bool PortOpen() const override { return port_.PortOpen(); }
+  bool PortOpen(bool open) override {
+    if (open) Opened.push_back(std::to_string(CommPort()) + ": " + Settings());
+    return port_.PortOpen(open);
+  }
+  int InBufferSize() const override { return port_.InBufferSize(); }
+  void InBufferSize(int bytes) override { port_.InBufferSize(bytes); }
+  int OutBufferSize() const override { return port_.OutBufferSize(); }
+  void OutBufferSize(int bytes) override { port_.OutBufferSize(bytes); }
+  int InputLen() const override { return port_.InputLen(); }
+  void InputLen(int bytes) override { port_.InputLen(bytes); }
+  std::size_t InBufferCount() override { return port_.InBufferCount(); }
+  std::string Input() override { return port_.Input(); }
+  void Output(std::string_view bytes) override {
+    Written += bytes;
+    port_.Output(bytes);
+  }
+  bool WaitForInput(double seconds) override { return port_.WaitForInput(seconds); }
+
+ private:
+  link::SerialPort& port_;
+};
+
+class TestProgram {
+ public:
+  // A machine on each port of `machines`, nothing on those that are nullopt.
+  explicit TestProgram(const std::map<int, std::optional<simulator::MachineOptions>>& machines = {
+                           {1, {{}}}}) {
+    std::map<int, simulator::Machine*> ports;
+    for (const auto& [number, options] : machines) {
+      ports[number] = nullptr;
+      if (!options) continue;
+      machines_[number] = std::make_unique<simulator::Machine>(Clock, *options);
+      ports[number] = machines_[number].get();
+    }
+    simulated_ = std::make_unique<simulator::SimulatedPort>(Clock, ports);
+    Port = std::make_unique<NotingPort>(*simulated_);
+  }
+
+  shell::Program::Result Run(const std::string& commandLine = {}) {
+    Program = std::make_unique<shell::Program>(
+        shell::ProgramSetup{Clock, Files, *Port, Screen, shell::MakeIdentity("TintBench", "1.2.3"),
+                            Folder.Path(), commandLine});
+    return Program->Main();
+  }
+
+  simulator::Machine& Machine(int port = 1) { return *machines_.at(port); }
+  shell::Form1& MainWindow() { return dynamic_cast<shell::Form1&>(*Screen.FindForm("Form1")); }
+
+  base::VirtualClock Clock;
+  base::StandardFileSystem Files;
+  ScratchFolder Folder;
+  NotingScreen Screen{Clock};
+  std::unique_ptr<NotingPort> Port;
+  std::unique_ptr<shell::Program> Program;
+
+ private:
+  std::map<int, std::unique_ptr<simulator::Machine>> machines_;
+  std::unique_ptr<simulator::SimulatedPort> simulated_;
+};
+
+}  // namespace tintbench::testing
