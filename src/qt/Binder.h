@@ -1,0 +1,62 @@
+// Binds the controls of a window to widgets, one function for each kind. From there on the widget
+// shows what the control says, and the operator's hand on it does to the control what a press, a
+// typed text or a chosen row does. A view calls these and holds no rule of its own.
+#pragma once
+
+#include <string_view>
+
+#include "ui/Controls.h"
+#include "ui/Form.h"
+#include "ui/Picture.h"
+
+class QCheckBox;
+class QComboBox;
+class QFrame;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class QStatusBar;
+class QTabBar;
+class QWidget;
+
+namespace tintbench::desktop {
+
+class FigureWidget;
+class PictureWidget;
+class RowList;
+
+void Bind(ui::Label& control, QLabel& widget);
+void Bind(ui::TextBox& control, QLineEdit& widget);
+void Bind(ui::TextBox& control, QPlainTextEdit& widget);
+void Bind(ui::RichTextBox& control, QPlainTextEdit& widget);
+void Bind(ui::Button& control, QPushButton& widget);
+void Bind(ui::CheckBox& control, QCheckBox& widget);
+void Bind(ui::OptionButton& control, QRadioButton& widget);
+void Bind(ui::ListBox& control, RowList& widget);
+void Bind(ui::ComboBox& control, QComboBox& widget);
+void Bind(ui::TabStrip& control, QTabBar& widget);
+void Bind(ui::Frame& control, QGroupBox& widget);
+void Bind(ui::Frame& control, QFrame& widget);  // shows no caption
+void Bind(ui::ProgressBar& control, QProgressBar& widget);
+void Bind(ui::StatusBar& control, QStatusBar& widget);
+void Bind(ui::PictureBox& control, PictureWidget& widget);
+void Bind(ui::Shape& control, FigureWidget& widget);
+void Bind(ui::Image& control, FigureWidget& widget);
+
+// Makes the usual widget for the control's kind and binds it: for a text box one of one line or of
+// several, for a frame one with a title if it has a caption. nullptr for kinds that have no widget
+// of their own: menus, timers, lines, and what stands in a picture box.
+QWidget* MakeWidget(ui::Control& control, QWidget* parent);
+
+// The same for the control of that name, which must be of that kind. nullptr if there is none.
+template <typename Kind>
+QWidget* MakeWidget(const ui::Form& form, std::string_view name, int index, QWidget* parent) {
+  Kind* control = form.Find<Kind>(name, index);
+  return control == nullptr ? nullptr : MakeWidget(*control, parent);
+}
+
+}  // namespace tintbench::desktop

@@ -1,0 +1,188 @@
+#include "qt/Boxes.h"
+
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <array>
+
+#include "base/Text.h"
+#include "qt/QtText.h"
+
+namespace tintbench::desktop {
+
+namespace {
+
+struct BoxButton {
+  QMessageBox::StandardButton Button;
+  ui::Answer Answer;
+  const char* Caption;
+};
+
+constexpr std::array<BoxButton, 4> kButtons{{{QMessageBox::Ok, ui::Answer::OK, "OK"},
+                                             {QMessageBox::Cancel, ui::Answer::Cancel, "Cancel"},
+                                             {QMessageBox::Yes, ui::Answer::Yes, "&Yes"},
+                                             {QMessageBox::No, ui::Answer::No, "&No"}}};
+
+QMessageBox::StandardButtons ButtonsOf(ui::BoxButtons buttons) {
+  switch (buttons) {
+    case ui::BoxButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case ui::BoxButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case ui::BoxButtons::Ok:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton WayOut(ui::BoxButtons buttons) {
+  switch (buttons) {
+    case ui::BoxButtons::OkCancel:
+      return QMessageBox::Cancel;
+    case ui::BoxButtons::YesNo:
+      return QMessageBox::No;
+    case ui::BoxButtons::Ok:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(ui::BoxIcon icon) {
+  switch (icon) {
+    case ui::BoxIcon::Stop:
+      return QMessageBox::Critical;
+    case ui::BoxIcon::Question:
+      return QMessageBox::Question;
+    case ui::BoxIcon::Exclamation:
+      return QMessageBox::Warning;
+    case ui::BoxIcon::Information:
+      return QMessageBox::Information;
+    case ui::BoxIcon::Plain:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QString TitleOf(const std::string& own, const std::string& title) {
+  return ToQt(own.empty() ? title : own);
+}
+
+}  // namespace
+
+ui::Answer AskBox(const ui::Box& box, const std::string& title, QWidget* parent) {
+  QMessageBox shown(parent);
+  shown.setObjectName("MessageBox");
+  shown.setWindowTitle(TitleOf(box.Title, title));
+  shown.setTextFormat(Qt::PlainText);
+  shown.setText(ToQtLines(box.Text));
+  shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  shown.setIcon(IconOf(box.Icon));
+  shown.setStandardButtons(ButtonsOf(box.Buttons));
+  for (const BoxButton& button : kButtons) {
+    if (QAbstractButton* widget = shown.button(button.Button)) widget->setText(button.Caption);
+  }
+  shown.setEscapeButton(WayOut(box.Buttons));
+  const int pressed = shown.exec();
+  for (const BoxButton& button : kButtons) {
+    if (button.Button == pressed) return button.Answer;
+  }
+  return ui::Answer::OK;
+}
+
+std::optional<std::string> AskQuestion(const ui::Question& question, const std::string& title,
+                                       QWidget* parent) {
+  QDialog dialog(parent);
+  dialog.setObjectName("QuestionBox");
+  dialog.setWindowTitle(TitleOf(question.Title, title));
+  auto* const prompt = new QLabel(ToQtLines(question.Prompt));
+  prompt->setTextFormat(Qt::PlainText);
+  auto* const answer = new QLineEdit(ToQt(question.Default));
+  answer->selectAll();
+  prompt->setBuddy(answer);
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  auto* const rows = new QVBoxLayout(&dialog);
+  rows->addWidget(prompt);
+  rows->addWidget(answer);
+  rows->addStretch();
+  rows->addWidget(buttons);
+  rows->setSpacing(rows->spacing() * 2);
+  dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 50);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return FromQt(answer->text(), question.Default);
+}
+
+std::vector<FileFilter> ParseFilter(const std::string& filter) {
+  std::vector<FileFilter> filters;
+  const std::vector<std::string> fields = base::SplitFields(filter, "|");
+  for (std::size_t i = 0; i + 1 < fields.size(); i += 2) {
+    FileFilter one{base::Trim(fields[i]), {}};
+    for (const std::string& pattern : base::SplitFields(fields[i + 1], ";")) {
+      if (!base::Trim(pattern).empty()) one.Patterns.push_back(base::Trim(pattern));
+    }
+    if (!one.Patterns.empty()) filters.push_back(std::move(one));
+  }
+  return filters;
+}
+
+namespace {
+
+// Qt reads the patterns from the brackets at the end of the text, which the text often has.
+QStringList NameFilters(const std::vector<FileFilter>& filters) {
+  QStringList names;
+  for (const FileFilter& filter : filters) {
+    const std::string brackets = "(" + base::Join(filter.Patterns, " ") + ")";
+    const bool told = filter.Text.ends_with(brackets);
+    names << ToQt(told ? filter.Text : filter.Text + " " + brackets);
+  }
+  return names;
+}
+
+// "cfm" if the pattern is "*.cfm", otherwise nothing.
+QString SuffixOf(const FileFilter& filter) {
+  const QString pattern = ToQt(filter.Patterns.front());
+  const QString suffix = pattern.mid(2);
+  return pattern.startsWith("*.") && !suffix.contains('*') ? suffix : QString();
+}
+
+void SetFilter(QFileDialog& dialog, const ui::FileRequest& request) {
+  const std::vector<FileFilter> filters = ParseFilter(request.Filter);
+  if (filters.empty()) return;
+  const QStringList names = NameFilters(filters);
+  dialog.setNameFilters(names);
+  const auto wanted = static_cast<std::size_t>(request.FilterIndex - 1);
+  const std::size_t chosen = wanted < filters.size() ? wanted : 0;
+  dialog.selectNameFilter(names[static_cast<qsizetype>(chosen)]);
+  if (request.Saving) dialog.setDefaultSuffix(SuffixOf(filters[chosen]));
+}
+
+}  // namespace
+
+std::optional<std::string> AskFile(const ui::FileRequest& request, const std::string& title,
+                                   QWidget* parent) {
+  QFileDialog dialog(parent, TitleOf(request.Title, title));
+  dialog.setObjectName("FileDialog");
+  // The desktop's own dialog would tell capital letters of patterns from small ones.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setAcceptMode(request.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (!request.Folder.empty()) {
+    dialog.setDirectory(QFile::decodeName(QByteArray::fromStdString(request.Folder)));
+  }
+  SetFilter(dialog, request);
+  if (!request.FileName.empty()) {
+    dialog.selectFile(QFile::decodeName(QByteArray::fromStdString(request.FileName)));
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const QString path = QDir::toNativeSeparators(dialog.selectedFiles().front());
+  return QFile::encodeName(path).toStdString();
+}
+
+}  // namespace tintbench::desktop

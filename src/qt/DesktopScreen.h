@@ -1,0 +1,61 @@
+// The screen with real windows: shows each form by the view that is known for it, serves the
+// operator's hand, and asks by boxes.
+#pragma once
+
+#include <QEventLoop>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qt/FormWindow.h"
+#include "qt/KeyGate.h"
+#include "ui/Screen.h"
+
+namespace tintbench::desktop {
+
+// Needs an Application, or a QApplication, that outlives it.
+class DesktopScreen final : public ui::Screen {
+ public:
+  explicit DesktopScreen(base::Clock& clock);
+  ~DesktopScreen() override;
+
+  // The form of that name, in any letter case, is shown by what `view` makes. A form without a
+  // view of its own is shown by one that puts its controls in a row.
+  void AddView(std::string_view formName, ViewFactory view);
+
+  // The window that shows the form; nullptr if it isn't shown.
+  FormWindow* WindowFor(const ui::Form& form) const;
+
+  ui::Answer Ask(const ui::Box& box) override;
+  std::optional<std::string> Ask(const ui::Question& question) override;
+  std::optional<std::string> Ask(const ui::FileRequest& request) override;
+
+  // In logical pixels of the menus' font, the same for all forms.
+  double TextWidth(const ui::Form& form, std::string_view text) const override;
+
+ protected:
+  bool ServeOperator() override;
+  void AwaitOperator(double when) override;
+  void Appeared(ui::Form& form, bool modal) override;
+  void Vanished(ui::Form& form) override;
+
+ private:
+  bool Process(QEventLoop::ProcessEventsFlags flags);
+  bool AwaitEvents(double seconds);
+  void WaitUntilSeen(const FormWindow& window);
+  void StandInFront(FormWindow& window) const;
+  ViewFactory ViewFor(const ui::Form& form) const;
+  FormWindow* FrontWindow() const;
+
+  KeyGate keys_;
+  std::map<std::string, ViewFactory> views_;  // by the form's name in capital letters
+  std::map<const ui::Form*, std::unique_ptr<FormWindow>> windows_;
+  // Windows that are closed, perhaps by a press in them that is still being served.
+  std::vector<std::unique_ptr<FormWindow>> closed_;
+  int depth_ = 0;  // how many calls that serve events are under way
+  bool servedWhileWaiting_ = false;
+};
+
+}  // namespace tintbench::desktop

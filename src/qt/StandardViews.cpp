@@ -1,0 +1,13 @@
+#include "qt/StandardViews.h"
+
+#include "qt/Form1View.h"
+#include "qt/SplashView.h"
+
+namespace tintbench::desktop {
+
+void AddStandardViews(DesktopScreen& screen) {
+  screen.AddView("Form1", MakeForm1View);
+  screen.AddView("frmSplsh", MakeSplashView);
+}
+
+}  // namespace tintbench::desktop
