@@ -51,8 +51,9 @@ class CommandLine : public testing::Test {
   }
 
   // `input` is what the program reads from standard input.
-  Outcome Call(const Arguments& arguments, const std::string& input = "") const {
-    std::string line = ShellQuoted(TINTBENCH_PROGRAM);
+  Outcome Call(const Arguments& arguments, const std::string& input = "",
+               const std::string& program = TINTBENCH_PROGRAM) const {
+    std::string line = ShellQuoted(program);
     for (const std::string& argument : arguments) line += " " + ShellQuoted(argument);
     line += " <" + ShellQuoted(Write("input", input)) + " >" + ShellQuoted(Path("output")) + " 2>" +
             ShellQuoted(Path("errors"));
@@ -138,21 +139,9 @@ TEST_F(CommandLine, ScriptsTellByTheExitStatusHowTheyWent) {
   }
 }
 
-TEST_F(CommandLine, HelpAndVersionAreAnswersAndNoErrors) {
-  const Outcome help = Call({"--help"});
-  EXPECT_EQ(help.Status, 0);
-  EXPECT_EQ(help.Errors, "");
-  const Outcome version = Call({"--version"});
-  EXPECT_EQ(version.Status, 0);
-  EXPECT_EQ(version.Errors, "");
-  EXPECT_NE(version.Output.find(TINTBENCH_VERSION), std::string::npos) << version.Output;
-}
-
-// The words of a text that look like a long option, with nothing but their letters.
+// The words of a text that look like a long option. A manual writes "-" as "\-".
 std::set<std::string> OptionsIn(std::string text) {
-  for (std::size_t i = text.find("\\-"); i != std::string::npos; i = text.find("\\-", i)) {
-    text.erase(i, 1);
-  }
+  std::erase(text, '\\');
   std::set<std::string> options;
   for (std::size_t i = text.find("--"); i != std::string::npos; i = text.find("--", i + 2)) {
     const std::size_t end = text.find_first_not_of("abcdefghijklmnopqrstuvwxyz-", i);
@@ -161,10 +150,26 @@ std::set<std::string> OptionsIn(std::string text) {
   return options;
 }
 
-TEST_F(CommandLine, TheManualTellsTheOptionsThatHelpTells) {
-  const auto help = OptionsIn(Call({"--help"}).Output);
-  EXPECT_GT(help.size(), 6U);
-  EXPECT_EQ(OptionsIn(Contents(TINTBENCH_SOURCE_DIR "/packaging/tintbench.1")), help);
+TEST_F(CommandLine, HelpAndVersionAreAnswersAndTheManualTellsTheSame) {
+  const struct {
+    std::string Program;
+    std::string Manual;
+  } programs[] = {{TINTBENCH_PROGRAM, "tintbench.1"},
+                  {TINTBENCH_MACHINE_PROGRAM, "tintbench-machine.1"}};
+  for (const auto& [program, manual] : programs) {
+    SCOPED_TRACE(program);
+    const Outcome version = Call({"--version"}, "", program);
+    EXPECT_EQ(version.Status, 0);
+    EXPECT_EQ(version.Errors, "");
+    EXPECT_NE(version.Output.find(TINTBENCH_VERSION), std::string::npos) << version.Output;
+
+    const Outcome help = Call({"--help"}, "", program);
+    EXPECT_EQ(help.Status, 0);
+    EXPECT_EQ(help.Errors, "");
+    EXPECT_GT(OptionsIn(help.Output).size(), 4U) << help.Output;
+    EXPECT_EQ(OptionsIn(Contents(TINTBENCH_SOURCE_DIR "/packaging/" + manual)),
+              OptionsIn(help.Output));
+  }
 }
 
 // All eight numbers are given, so that no real port of this computer is touched.
