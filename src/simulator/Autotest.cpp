@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Numbers.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
@@ -9,11 +10,12 @@ namespace tintbench::simulator {
 Autotest::Autotest() : cycles_{{}, {}, {0x1103, 0x8009}, {}, {}} {}
 
 std::string Autotest::Record() const {
-  std::string record = Hex(cycles_.size(), 2) + Hex(std::max(total_, cycles_.size()), 2);
+  std::string record =
+      base::ToHex(cycles_.size(), 2) + base::ToHex(std::max(total_, cycles_.size()), 2);
   std::size_t number = 0;
   for (const std::vector<std::uint32_t>& errors : cycles_) {
-    record += Hex(++number, 2) + Hex(errors.size(), 2);
-    for (const std::uint32_t code : errors) record += Hex(code, 4);
+    record += base::ToHex(++number, 2) + base::ToHex(errors.size(), 2);
+    for (const std::uint32_t code : errors) record += base::ToHex(code, 4);
   }
   return record;
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/Text.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
@@ -35,7 +36,7 @@ std::optional<Frame> CommandReader::Receive(unsigned char byte, double now) {
   }
   if (endMark_ == 0) return std::nullopt;
   if (character == endMark_) {
-    Frame frame{endMark_ == kMasterEnd, UpperCase(text_)};
+    Frame frame{endMark_ == kMasterEnd, base::ToUpper(text_)};
     Clear();
     return frame;
   }

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/Numbers.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
@@ -20,7 +21,7 @@ const CommandRow* FindCommand(std::string_view text) {
 bool Fits(const CommandRow& row, std::string_view argument) {
   if (argument.size() < row.Shortest || argument.size() > row.Longest) return false;
   if (row.Kind == Characters::Digits) return AllDigits(argument);
-  return row.Kind == Characters::Any || AllHex(argument);
+  return row.Kind == Characters::Any || base::IsHexadecimal(argument);
 }
 
 }  // namespace tintbench::simulator

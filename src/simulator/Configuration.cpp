@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
@@ -59,16 +61,16 @@ Configuration Configuration::Read(std::string_view text, int slave) {
 
 void Configuration::TakeLine(std::string_view line) {
   if (line.size() <= kTagLength || line.front() != '@') return;
-  const std::string tag = UpperCase(line.substr(0, kTagLength));
+  const std::string tag = base::ToUpper(line.substr(0, kTagLength));
   const std::size_t number = line.find_first_not_of(' ', kTagLength);
   if (number == kTagLength || number == std::string_view::npos) return;
   const std::size_t behind = line.find(' ', number);
   if (behind == std::string_view::npos) return;
-  if (LeadingNumber(line.substr(number, behind - number)) != slave_) return;
+  if (base::LeadingInt(line.substr(number, behind - number)) != slave_) return;
   const std::vector<std::string> fields = Split(Trim(line.substr(behind)), ',');
   Check(tag, fields);
   Table& table = tables_[tag];
-  const int element = LeadingNumber(fields.front());
+  const int element = base::LeadingInt(fields.front());
   if (table.Rows.emplace(element, fields).second) table.Order.push_back(element);
 }
 
@@ -83,7 +85,7 @@ void Configuration::Check(const std::string& tag, const std::vector<std::string>
   const auto section = std::find_if(kSections.begin(), kSections.end(),
                                     [&](const Section& row) { return row.Tag == tag; });
   const auto field = static_cast<std::uint64_t>(empty - fields.begin()) + 1;
-  fault_ = section == kSections.end() ? kGeneral : Hex(section->FaultBase + field, 4);
+  fault_ = section == kSections.end() ? kGeneral : base::ToHex(section->FaultBase + field, 4);
 }
 
 const Configuration::Table* Configuration::Find(std::string_view tag) const {
@@ -117,7 +119,7 @@ std::string Configuration::Field(std::string_view tag, int element, std::size_t 
 int Configuration::Number(std::string_view tag, int element, std::size_t field,
                           int fallback) const {
   const std::string text = Field(tag, element, field);
-  return text.empty() ? fallback : LeadingNumber(text);
+  return text.empty() ? fallback : base::LeadingInt(text);
 }
 
 std::string Configuration::Field(std::string_view tag, std::size_t field) const {
@@ -127,7 +129,7 @@ std::string Configuration::Field(std::string_view tag, std::size_t field) const 
 
 int Configuration::Number(std::string_view tag, std::size_t field, int fallback) const {
   const std::string text = Field(tag, field);
-  return text.empty() ? fallback : LeadingNumber(text);
+  return text.empty() ? fallback : base::LeadingInt(text);
 }
 
 }  // namespace tintbench::simulator

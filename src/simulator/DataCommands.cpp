@@ -2,6 +2,7 @@
 #include <array>
 #include <charconv>
 
+#include "base/Numbers.h"
 #include "simulator/Commands.h"
 #include "simulator/Plant.h"
 #include "simulator/Text.h"
@@ -25,7 +26,8 @@ Reply ReadMemory(Plant& plant, const std::string& argument, double) {
   const auto address = HexNumber(std::string_view(argument).substr(1));
   if (!address || (argument[0] != 'B' && argument[0] != 'W')) return Refused();
   const bool word = argument[0] == 'W';
-  return {"A" + Hex(word ? plant.TheMemory.Word(*address) : plant.TheMemory.Byte(*address), 4)};
+  return {"A" +
+          base::ToHex(word ? plant.TheMemory.Word(*address) : plant.TheMemory.Byte(*address), 4)};
 }
 
 Reply WriteMemory(Plant& plant, const std::string& argument, double) {
@@ -51,22 +53,22 @@ Reply ClearMask(Plant& plant, const std::string&, double) {
 }
 
 Reply ReadPwm(Plant& plant, const std::string& argument, double) {
-  const std::optional<Pwm> pwm = plant.Pwms.Read(LeadingNumber(argument));
+  const std::optional<Pwm> pwm = plant.Pwms.Read(base::LeadingInt(argument));
   if (!pwm) return Refused();
-  return {"A" + Decimal(static_cast<std::uint64_t>(pwm->Frequency), 4) +
-          Decimal(static_cast<std::uint64_t>(pwm->DutyCycle), 4)};
+  return {"A" + base::LastDigits(pwm->Frequency, 4) + base::LastDigits(pwm->DutyCycle, 4)};
 }
 
 Reply WritePwm(Plant& plant, const std::string& argument, double) {
-  const Pwm pwm{LeadingNumber(argument.substr(2, 4)), LeadingNumber(argument.substr(6))};
-  return plant.Pwms.Write(LeadingNumber(argument), pwm) ? Reply{"AK"} : Refused();
+  const Pwm pwm{base::LeadingInt(argument.substr(2, 4)), base::LeadingInt(argument.substr(6))};
+  return plant.Pwms.Write(base::LeadingInt(argument), pwm) ? Reply{"AK"} : Refused();
 }
 
-std::string Value(double value) { return Decimal(static_cast<std::uint64_t>(value), kValueLength); }
+std::string Value(double value) {
+  return base::LastDigits(static_cast<std::int64_t>(value), int{kValueLength});
+}
 
 std::string Record(const Counter& counter, int element, double now) {
-  return Decimal(static_cast<std::uint64_t>(element), 2) + Value(counter.Seconds(now)) +
-         Value(counter.Events(now));
+  return base::LastDigits(element, 2) + Value(counter.Seconds(now)) + Value(counter.Events(now));
 }
 
 // "M01" gives the element with both its values, "T" the one value of a single kind.
@@ -78,7 +80,7 @@ Reply ReadStatistics(Plant& plant, const std::string& argument, double now) {
     return {"A" + Value(kind == 'T' ? counter.Seconds(now) : counter.Events(now))};
   }
   if (!IsElementKind(kind) || name.size() != 2 || !AllDigits(name)) return Refused();
-  const int element = LeadingNumber(name);
+  const int element = base::LeadingInt(name);
   const Counter* counter = plant.TheStatistics.Find(kind, element);
   return counter == nullptr ? Refused() : Reply{"A" + Record(*counter, element, now)};
 }
@@ -87,7 +89,7 @@ Reply ReadAllStatistics(Plant& plant, const std::string& argument, double now) {
   const char kind = argument[0];
   if (!IsElementKind(kind)) return Refused();
   const std::vector<int>& elements = plant.TheStatistics.Elements(kind);
-  std::string text = "A" + Decimal(elements.size(), 2);
+  std::string text = "A" + base::LastDigits(static_cast<std::int64_t>(elements.size()), 2);
   for (const int element : elements) {
     text += Record(*plant.TheStatistics.Find(kind, element), element, now);
   }
@@ -109,7 +111,7 @@ Reply WriteStatistics(Plant& plant, const std::string& argument, double now) {
   const bool two = values.size() == 2 * kValueLength;
   const bool fits = two || (IsSingleKind(kind) && values.size() == kValueLength);
   if (!fits || !AllDigits(std::string_view(argument).substr(1))) return Refused();
-  const int element = start == 1 ? 0 : LeadingNumber(argument.substr(1, 2));
+  const int element = start == 1 ? 0 : base::LeadingInt(argument.substr(1, 2));
   Counter* counter = plant.TheStatistics.Find(kind, element);
   if (counter == nullptr) return Refused();
   const auto first = static_cast<double>(BigNumber(values.substr(0, kValueLength)));

@@ -2,6 +2,7 @@
 #include <array>
 #include <vector>
 
+#include "base/Numbers.h"
 #include "simulator/Commands.h"
 #include "simulator/Plant.h"
 #include "simulator/Text.h"
@@ -21,7 +22,7 @@ std::vector<int> Pairs(const std::string& argument) {
   std::vector<int> numbers;
   if (argument.size() % 2 != 0) return numbers;
   for (std::size_t place = 0; place < argument.size(); place += 2) {
-    numbers.push_back(LeadingNumber(argument.substr(place, 2)));
+    numbers.push_back(base::LeadingInt(argument.substr(place, 2)));
   }
   return numbers;
 }
@@ -52,7 +53,7 @@ Reply SwitchStirrings(Plant& plant, const std::string& argument, double now) {
 
 template <CapPosition kTarget>
 Reply MoveCap(Plant& plant, const std::string& argument, double now) {
-  const int cap = LeadingNumber(argument);
+  const int cap = base::LeadingInt(argument);
   const std::optional<Caps::Move> move = plant.TheCaps.Begin(cap, kTarget, now);
   if (!move) return Refused();
   Counter& counter = *plant.TheStatistics.Find('P', cap);
@@ -81,13 +82,14 @@ Reply MoveShelf(Plant& plant, const std::string&, double now) {
 
 Reply ShelfPosition(Plant& plant, const std::string&, double now) {
   if (!plant.TheShelf.Exists()) return Refused();
-  return {"A" + Decimal(static_cast<std::uint64_t>(plant.TheShelf.Steps(now)), 4)};
+  return {"A" + base::LastDigits(plant.TheShelf.Steps(now), 4)};
 }
 
 Reply MotorOn(Plant& plant, const std::string& argument, double now) {
   const std::string name = argument.substr(0, 2);
-  const int motor = LeadingNumber(name);
-  if (!plant.TheElements.MotorOn(motor, LeadingNumber(argument.substr(2)), now)) return Refused();
+  const int motor = base::LeadingInt(name);
+  if (!plant.TheElements.MotorOn(motor, base::LeadingInt(argument.substr(2)), now))
+    return Refused();
   if (plant.TheElements.IsBroken(motor)) {
     plant.Errors.Add(kEncoderDamaged + static_cast<std::uint32_t>(motor), now);
   }
@@ -95,16 +97,15 @@ Reply MotorOn(Plant& plant, const std::string& argument, double now) {
 }
 
 Reply MotorOff(Plant& plant, const std::string& argument, double now) {
-  return Echo(plant.TheElements.MotorOff(LeadingNumber(argument), now), argument);
+  return Echo(plant.TheElements.MotorOff(base::LeadingInt(argument), now), argument);
 }
 
 Reply PumpTimes(Plant& plant, const std::string& argument, double now) {
-  const int motor = LeadingNumber(argument);
+  const int motor = base::LeadingInt(argument);
   if (!plant.Config.Has("@MOT", motor)) return Refused();
   const int zero = plant.TheElements.ZeroPumpMilliseconds(motor, now);
   const int rpm = plant.TheElements.RpmHundredths(motor, now);
-  return {"A" + Decimal(static_cast<std::uint64_t>(zero), 10) +
-          Decimal(static_cast<std::uint64_t>(rpm), 10)};
+  return {"A" + base::LastDigits(zero, 10) + base::LastDigits(rpm, 10)};
 }
 
 Reply AllOff(Plant& plant, const std::string&, double now) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/Text.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
@@ -43,7 +44,7 @@ const FaultKind* FindKind(std::string_view name) {
 std::string CommandName(std::string_view word) {
   word.remove_prefix(1);
   if (!word.empty() && word.back() == '*') word.remove_suffix(1);
-  return UpperCase(word);
+  return base::ToUpper(word);
 }
 
 std::optional<double> ReadValue(const FaultKind& kind, std::string_view word) {

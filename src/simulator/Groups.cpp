@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
@@ -59,9 +61,9 @@ double Wave(const GroupInput& input, double now) {
 bool Groups::Has(const GroupInput& input) const {
   const std::string list =
       configuration_.Field(TableOf(input), input.Type, input.Kind == kAnalogue ? 12 : 5);
-  const std::string address = Hex(static_cast<std::uint64_t>(input.Group), 2);
+  const std::string address = base::ToHex(static_cast<std::uint64_t>(input.Group), 2);
   for (std::size_t place = 0; place + 2 <= list.size(); place += 2) {
-    if (UpperCase(list.substr(place, 2)) == address) return FindKind(input) != nullptr;
+    if (base::ToUpper(list.substr(place, 2)) == address) return FindKind(input) != nullptr;
   }
   return false;
 }
@@ -107,7 +109,7 @@ std::string Groups::Read(const GroupInput& input, double now, ErrorList& errors)
   if (isFixed && Watched(input) && !InBand(input, value)) errors.Add(kind.AlarmFamily + motor, now);
   const auto raw =
       static_cast<std::int32_t>(std::lround(input.Kind == kAnalogue ? value * 10.0 : value));
-  return "A2" + Hex(static_cast<std::uint32_t>(raw), 8);
+  return "A2" + base::ToHex(static_cast<std::uint32_t>(raw), 8);
 }
 
 // Analogue inputs stay inside their alarm band; the motor of the group moves the pressures.

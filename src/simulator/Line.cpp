@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/Text.h"
 #include "simulator/Text.h"
 
 namespace tintbench::simulator {
@@ -11,7 +12,7 @@ namespace {
 
 std::optional<char> ParityLetter(std::string_view text) {
   if (text.empty()) return std::nullopt;
-  const std::string letter = UpperCase(Trim(text));
+  const std::string letter = base::ToUpper(Trim(text));
   if (letter.empty()) return 'S';
   const bool known =
       letter.size() == 1 && std::string_view("NEOMS").find(letter) != std::string::npos;

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 
+#include "base/Numbers.h"
 #include "simulator/Inputs.h"
 #include "simulator/Plant.h"
 #include "simulator/Text.h"
@@ -38,7 +39,7 @@ bool Door(Plant& plant, const Words& words, double) {
 
 bool Input(Plant& plant, const Words& words, double) {
   if (words.size() != 2) return false;
-  const int connector = LeadingNumber(words[0]);
+  const int connector = base::LeadingInt(words[0]);
   if (connector < 1 || connector > kConnectors) return false;
   if (words[1] == "auto") {
     plant.ForcedInputs.erase(connector);
@@ -62,7 +63,7 @@ bool Error(Plant& plant, const Words& words, double now) {
 
 bool Cap(Plant& plant, const Words& words, double) {
   if (words.size() != 2) return false;
-  const int cap = LeadingNumber(words[0]);
+  const int cap = base::LeadingInt(words[0]);
   const std::string& what = words[1];
   if (what == "open") return plant.TheCaps.Put(cap, CapPosition::Open);
   if (what == "closed") return plant.TheCaps.Put(cap, CapPosition::Closed);
@@ -81,12 +82,12 @@ bool ShelfAt(Plant& plant, const Words& words, double now) {
 }
 
 bool Valve(Plant& plant, const Words& words, double) {
-  return words.size() == 2 && plant.TheValveTest.SetCondition(LeadingNumber(words[0]), words[1]);
+  return words.size() == 2 && plant.TheValveTest.SetCondition(base::LeadingInt(words[0]), words[1]);
 }
 
 bool Motor(Plant& plant, const Words& words, double) {
   if (words.size() != 2 || (words[1] != "good" && words[1] != "broken")) return false;
-  const int motor = LeadingNumber(words[0]);
+  const int motor = base::LeadingInt(words[0]);
   if (!plant.Config.Has("@MOT", motor)) return false;
   plant.TheElements.BreakMotor(motor, words[1] == "broken");
   return true;
@@ -94,7 +95,7 @@ bool Motor(Plant& plant, const Words& words, double) {
 
 bool Group(Plant& plant, const Words& words, double) {
   if (words.size() != 2 || !OnOff(words[1])) return false;
-  const int group = LeadingNumber(words[0]);
+  const int group = base::LeadingInt(words[0]);
   if (!plant.TheGroups.Exists(group)) return false;
   plant.TheGroups.SwitchGroup(group, *OnOff(words[1]));
   return true;
@@ -102,7 +103,8 @@ bool Group(Plant& plant, const Words& words, double) {
 
 bool Reading(Plant& plant, const Words& words, double) {
   if (words.size() != 4) return false;
-  const GroupInput input{LeadingNumber(words[0]), LeadingNumber(words[1]), LeadingNumber(words[2])};
+  const GroupInput input{base::LeadingInt(words[0]), base::LeadingInt(words[1]),
+                         base::LeadingInt(words[2])};
   if (words[3] == "auto") return plant.TheGroups.Free(input);
   if (words[3] == "cut") return plant.TheGroups.Cut(input);
   const std::optional<double> value = WholeNumber(words[3]);
@@ -111,7 +113,7 @@ bool Reading(Plant& plant, const Words& words, double) {
 
 bool Dip(Plant& plant, const Words& words, double) {
   if (words.size() != 2 || !OnOff(words[1])) return false;
-  const int dip = LeadingNumber(words[0]);
+  const int dip = base::LeadingInt(words[0]);
   if (dip < 1 || dip > static_cast<int>(plant.DipSwitches.size())) return false;
   plant.DipSwitches[static_cast<std::size_t>(dip - 1)] = *OnOff(words[1]);
   return true;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Numbers.h"
 #include "simulator/Commands.h"
 #include "simulator/Inputs.h"
 #include "simulator/Plant.h"
@@ -18,15 +19,15 @@ constexpr double kGroupSeconds = 0.03;                          // to ask a grou
 constexpr double kLastOldStatus = 3.0;  // the last firmware with a process digit behind "B"
 
 Reply ReadInputs(Plant& plant, const std::string&, double now) {
-  return {"A" + Hex(InputWord(plant, now), 8)};
+  return {"A" + base::ToHex(InputWord(plant, now), 8)};
 }
 
 Reply ReadOutputs(Plant& plant, const std::string&, double) {
-  return {"A" + Hex(OutputWord(plant), 4)};
+  return {"A" + base::ToHex(OutputWord(plant), 4)};
 }
 
 Reply ReadBoth(Plant& plant, const std::string&, double now) {
-  return {"A" + Hex(InputWord(plant, now), 8) + Hex(OutputWord(plant), 4)};
+  return {"A" + base::ToHex(InputWord(plant, now), 8) + base::ToHex(OutputWord(plant), 4)};
 }
 
 Reply Status(Plant& plant, const std::string&, double now) {
@@ -35,8 +36,8 @@ Reply Status(Plant& plant, const std::string&, double now) {
   std::string text = errors.empty() ? "K" : "E";
   if (!configured) text = "N";
   if (plant.Busy(now)) text = plant.FirmwareNumber() <= kLastOldStatus ? "B1" : "B";
-  text += Hex(errors.size(), 2);
-  for (const std::uint32_t code : errors) text += Hex(code, 4);
+  text += base::ToHex(errors.size(), 2);
+  for (const std::uint32_t code : errors) text += base::ToHex(code, 4);
   return {text};
 }
 
@@ -66,8 +67,8 @@ Reply AutotestRecord(Plant& plant, const std::string&, double) {
 }
 
 Reply SwitchFunction(Plant& plant, const std::string& argument, double) {
-  const int group = LeadingNumber(argument.substr(0, 2));
-  const int function = LeadingNumber(argument.substr(2, 2));
+  const int group = base::LeadingInt(argument.substr(0, 2));
+  const int function = base::LeadingInt(argument.substr(2, 2));
   const char flag = argument[4];
   if (flag != '0' && flag != '1') return Refused();
   const bool done = plant.TheGroups.SetFunction(group, function, flag == '1');
@@ -75,8 +76,8 @@ Reply SwitchFunction(Plant& plant, const std::string& argument, double) {
 }
 
 Reply ReadGroupInput(Plant& plant, const std::string& argument, double now) {
-  const GroupInput input{LeadingNumber(argument.substr(0, 2)), argument[2] - '0',
-                         LeadingNumber(argument.substr(3, 2))};
+  const GroupInput input{base::LeadingInt(argument.substr(0, 2)), argument[2] - '0',
+                         base::LeadingInt(argument.substr(3, 2))};
   return {plant.TheGroups.Read(input, now, plant.Errors), kGroupSeconds};
 }
 

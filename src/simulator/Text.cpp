@@ -9,29 +9,7 @@ namespace {
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
-bool IsHex(char character) {
-  return IsDigit(character) || (character >= 'A' && character <= 'F') ||
-         (character >= 'a' && character <= 'f');
-}
-
-std::string InBase(std::uint64_t value, std::size_t width, unsigned base) {
-  std::string text(width, '0');
-  for (std::size_t place = width; place > 0; --place) {
-    text[place - 1] = "0123456789ABCDEF"[value % base];
-    value /= base;
-  }
-  return text;
-}
-
 }  // namespace
-
-std::string UpperCase(std::string_view text) {
-  std::string upper(text);
-  for (char& character : upper) {
-    if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
-  }
-  return upper;
-}
 
 std::string_view Trim(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n\x1A";
@@ -60,15 +38,6 @@ std::vector<std::string> Split(std::string_view text, char separator) {
 
 bool AllDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), IsDigit); }
 
-bool AllHex(std::string_view text) { return std::all_of(text.begin(), text.end(), IsHex); }
-
-int LeadingNumber(std::string_view text) {
-  text = Trim(text);
-  int value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc{} ? value : 0;
-}
-
 std::optional<double> WholeNumber(std::string_view text) {
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -83,9 +52,5 @@ std::optional<std::uint32_t> HexNumber(std::string_view text) {
   if (text.empty() || error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
   return value;
 }
-
-std::string Decimal(std::uint64_t value, std::size_t width) { return InBase(value, width, 10); }
-
-std::string Hex(std::uint64_t value, std::size_t width) { return InBase(value, width, 16); }
 
 }  // namespace tintbench::simulator
