@@ -60,7 +60,7 @@ Reply ReadPwm(Plant& plant, const std::string& argument, double) {
 
 Reply WritePwm(Plant& plant, const std::string& argument, double) {
   const Pwm pwm{base::LeadingInt(argument.substr(2, 4)), base::LeadingInt(argument.substr(6))};
-  return plant.Pwms.Write(base::LeadingInt(argument), pwm) ? Reply{"AK"} : Refused();
+  return plant.Pwms.Write(base::LeadingInt(argument.substr(0, 2)), pwm) ? Reply{"AK"} : Refused();
 }
 
 std::string Value(double value) {

@@ -10,10 +10,19 @@ namespace {
 
 constexpr double kRestartSeconds = 0.4;   // with a new configuration
 constexpr double kSecondsPerGroup = 2.0;  // for each external group to come up
+constexpr int kUsualLimit = 10;           // for all of them, in seconds
+constexpr double kShareOfLimit = 0.5;     // sound groups take no more of it
 constexpr double kWriteSeconds = 0.5;     // to store a received configuration
 
 constexpr int kEndless = std::numeric_limits<int>::max();
 constexpr std::size_t kLongestProgram = std::size_t{8} << 20;
+
+// The time in which the external groups come up, well within the limit of the configuration.
+double GroupSeconds(const Configuration& configuration) {
+  const int groups = std::max(configuration.Number("@GEN", 8, 0), 0);
+  const int limit = std::max(configuration.Number("@IND", 3, kUsualLimit), 1);
+  return std::min(groups * kSecondsPerGroup, limit * kShareOfLimit);
+}
 
 std::size_t Place(std::optional<double> block) {
   return block ? static_cast<std::size_t>(std::min(*block, 1e6)) : 0;
@@ -58,7 +67,7 @@ void Machine::Restart(double seconds) {
   masterService_ = false;
   plant_.Settle(now_);
   plant_.Reset(now_);
-  readyAt_ = now_ + seconds + kSecondsPerGroup * std::max(plant_.Config.Number("@GEN", 8, 0), 0);
+  readyAt_ = now_ + seconds + GroupSeconds(plant_.Config);
   if (plant_.DipSwitches[Plant::kLoader]) {
     program_.clear();
     Schedule(readyAt_, "", Task::LoadProgram);

@@ -1,6 +1,7 @@
 // The other end of an Xmodem transfer, as plain as it can be, to test the machine's against.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "simulator/Desk.h"
@@ -50,31 +51,30 @@ inline std::string PeerRead(Desk& desk, std::size_t count) {
 // Receives a whole file after the request `ask`; gives what came in, or "failed: " and why.
 inline std::string PeerReceive(Desk& desk, char ask, std::size_t& blocks) {
   const bool crc = ask == 'C';
-  std::string file;
+  const std::string ack = "\x06", nak = "\x15", cancel = "\x18";
+  std::string file, reply(1, ask);
   blocks = 0;
-  std::string reply(1, ask);
   for (int round = 0; round < 1000; ++round) {
     desk.Port.Output(reply);
-    const std::string first = desk.Next(15.0);
-    if (first.empty()) return "failed: silence";
-    if (first == "\x04") {
-      desk.Port.Output("\x06");
+    const std::string header = desk.Next(15.0);
+    if (header.empty()) return "failed: silence";
+    if (header == cancel) return "failed: cancelled";
+    if (header == "\x04") {
+      desk.Port.Output(ack);
       return file;
     }
-    if (first != "\x01" && first != "\x02") return "failed: header";
-    const std::size_t size = first == "\x01" ? 128 : 1024;
-    const std::string block = first + PeerRead(desk, size + (crc ? 4 : 3));
+    const std::size_t size = header == "\x02" ? 1024 : 128;
+    const std::string block = header + PeerRead(desk, size + (crc ? 4 : 3));
     const std::string data = block.size() > size + 3 ? block.substr(3, size) : std::string();
-    const bool again = !file.empty() && static_cast<unsigned char>(block[1]) == (blocks & 255);
-    if (data.empty()) {
-      reply = "\x15";
-      desk.Listen(1.0);
-    } else if (block == PeerBlock(static_cast<unsigned>(blocks + 1), data, crc)) {
+    if (block == PeerBlock(static_cast<unsigned>(blocks + 1), data, crc)) {
       ++blocks;
       file += data;
-      reply = "\x06";
+      reply = ack;
+    } else if (blocks > 0 && block == PeerBlock(static_cast<unsigned>(blocks), data, crc)) {
+      reply = ack;
     } else {
-      reply = again ? "\x06" : "\x15";
+      desk.Listen(0.5);
+      reply = nak;
     }
   }
   return "failed: endless";

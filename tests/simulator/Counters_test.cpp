@@ -1,0 +1,150 @@
+// Statistics, processes that run by themselves, and the inputs of external groups.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "simulator/Desk.h"
+
+namespace tintbench::simulator {
+namespace {
+
+int Field(Desk& desk, const std::string& command, std::size_t place) {
+  return std::stoi(desk.Ask(command, 0.05).substr(place, 10));
+}
+
+int Seconds(Desk& desk, const std::string& element) {
+  return Field(desk, "#kr" + element + "*", 3);
+}
+
+int Events(Desk& desk, const std::string& element) {
+  return Field(desk, "#kr" + element + "*", 13);
+}
+
+TEST(CountersTest, WorkIsCounted) {
+  Desk desk;
+  for (const char* clear : {"M02", "C03", "B03", "A01", "P01"}) {
+    EXPECT_EQ(desk.Ask(std::string("#kt") + clear + std::string(20, '0') + "*", 0.05), "A");
+  }
+  desk.Ask("#a03*", 0.05);
+  desk.Ask("#f02600*", 0.05);
+  desk.Ask("#b01*", 0.05);
+  desk.Clock.Sleep(100.0);
+  desk.Ask("#z*", 0.05);
+  desk.Ask("#do01*", 3.0);
+  desk.Clock.Sleep(1000.0);
+  for (const char* element : {"M02", "C03", "B03", "A01"}) {
+    EXPECT_NEAR(Seconds(desk, element), 100, 1) << element;
+  }
+  EXPECT_NEAR(Events(desk, "M02"), 500, 5);
+  EXPECT_EQ(Events(desk, "C03"), 1);
+  EXPECT_EQ(Events(desk, "P01"), 1);
+}
+
+TEST(CountersTest, SinglesCountTheirOwn) {
+  Desk desk;
+  const auto single = [&](char kind) { return Field(desk, std::string("#kr") + kind + "*", 1); };
+  desk.Ask("#ktS0000000041*", 0.05);
+  desk.Ask("#ktF00000000070000000009*", 0.05);
+  desk.Ask("#ktT0000001000*", 0.05);
+  desk.Tell("can on");
+  desk.Ask("#eu*", 8.0);
+  desk.Ask("#ez*", 8.0);
+  EXPECT_EQ(single('S'), 42);
+  EXPECT_EQ(single('F'), 8);
+  EXPECT_NEAR(single('T'), 1016, 2);
+}
+
+TEST(CountersTest, OnlyWhatIsStoredSurvivesAReset) {
+  Desk desk;
+  desk.Ask("#ktM0500000001110000000222*", 0.05);
+  desk.Ask("#km*", 1.0);
+  desk.Ask("#ktM0500000009990000000999*", 0.05);
+  EXPECT_EQ(Seconds(desk, "M05"), 999);
+  desk.Ask("#h*", 12.0);
+  EXPECT_EQ(Seconds(desk, "M05"), 111);
+  EXPECT_EQ(Events(desk, "M05"), 222);
+}
+
+TEST(CountersTest, ABulkReadingHoldsAllElementsInOrder) {
+  Desk desk;
+  const std::string answer = desk.Ask("#kvM*");
+  ASSERT_EQ(answer.size(), 12U * 22 + 3);
+  EXPECT_EQ(answer.substr(0, 3), "A12");
+  for (int motor = 1; motor <= 12; ++motor) {
+    const std::string record = answer.substr(3 + static_cast<std::size_t>(motor - 1) * 22, 22);
+    EXPECT_EQ(std::stoi(record.substr(0, 2)), motor);
+    EXPECT_EQ("A" + record, desk.Ask("#krM" + record.substr(0, 2) + "*", 0.05));
+  }
+}
+
+TEST(CountersTest, TimedProcessesWorkUnlessHeld) {
+  Desk desk;
+  const auto hours = [&](double count) { desk.Clock.Sleep(count * 3600.0); };
+  const int start = Seconds(desk, "A01");
+  hours(2.1);
+  EXPECT_EQ(Seconds(desk, "A01"), start + 30);
+  desk.Ask("#pb*", 0.05);
+  hours(10);
+  EXPECT_EQ(Seconds(desk, "A01"), start + 30);
+  desk.Ask("#pr*", 0.05);
+  hours(4.1);
+  EXPECT_EQ(Seconds(desk, "A01"), start + 90);
+  desk.Ask("#pm*", 0.05);
+  const int orders = Field(desk, "#krD*", 1);
+  hours(5);
+  EXPECT_EQ(Field(desk, "#krD*", 1), orders);
+  desk.Ask("#ps*", 0.05);
+  hours(1.1);
+  EXPECT_EQ(Field(desk, "#krD*", 1), orders + 2);
+}
+
+double Reading(Desk& desk, const char* command) {
+  const std::string answer = desk.Ask(command, 0.1);
+  EXPECT_EQ(answer.substr(0, 2), "A2");
+  return static_cast<std::int32_t>(std::stoul(answer.substr(2), nullptr, 16)) / 10.0;
+}
+
+TEST(CountersTest, GroupReadingsDriftWithinTheirBand) {
+  Desk desk;
+  std::set<double> levels;
+  for (int round = 0; round < 200; ++round) {
+    const double level = Reading(desk, "#ig11104*");
+    EXPECT_GE(level, 10.0);
+    EXPECT_LE(level, 95.0);
+    levels.insert(level);
+    desk.Clock.Sleep(3.0);
+  }
+  EXPECT_GT(levels.size(), 50U);
+  EXPECT_EQ(desk.Ask("#s*"), "K00");
+}
+
+TEST(CountersTest, AGroupReadingCanBeFixedCutAndWatched) {
+  Desk desk;
+  EXPECT_EQ(desk.Tell("reading 1 1 1 -0.7"), "");
+  EXPECT_DOUBLE_EQ(Reading(desk, "#ig01101*"), -0.7);
+  EXPECT_EQ(desk.Ask("#s*"), "E01290A") << "below its band, and watched";
+  desk.Tell("error none");
+  EXPECT_EQ(desk.Ask("#ix01090*", 0.1), "A");
+  EXPECT_DOUBLE_EQ(Reading(desk, "#ig01101*"), -0.7);
+  EXPECT_EQ(desk.Ask("#s*"), "K00");
+  desk.Tell("reading 1 1 1 cut");
+  EXPECT_EQ(desk.Ask("#ig01101*"), "A100000000");
+  desk.Tell("reading 1 0 31 1");
+  EXPECT_EQ(desk.Ask("#ig01031*"), "A200000001");
+  desk.Tell("reading 1 0 31 auto");
+  EXPECT_EQ(desk.Ask("#ig01031*"), "A200000000");
+  desk.Tell("group 1 off");
+  EXPECT_EQ(desk.Ask("#ig01031*"), "E100000000");
+  EXPECT_EQ(desk.Ask("#ix01091*"), "R");
+}
+
+TEST(CountersTest, TheFlowmeterFollowsTheGroupsMotor) {
+  Desk desk;
+  desk.Ask("#f11400*", 0.1);
+  EXPECT_EQ(desk.Ask("#ig02035*"), "A200000001");
+  desk.Ask("#l11*", 0.1);
+  EXPECT_EQ(desk.Ask("#ig02035*"), "A200000000");
+}
+
+}  // namespace
+}  // namespace tintbench::simulator
