@@ -11,9 +11,7 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
       -Wuseless-cast -Wduplicated-cond -Wduplicated-branches -Wlogical-op)
   endif()
   if(TINTBENCH_WARNINGS_AS_ERRORS)
-    # A copy made on purpose looks like a useless cast to the compiler, so that stays a warning.
-    target_compile_options(tintbench_settings INTERFACE -Werror
-      $<$<CXX_COMPILER_ID:GNU>:-Wno-error=useless-cast>)
+    target_compile_options(tintbench_settings INTERFACE -Werror)
   endif()
   if(TINTBENCH_SANITIZE)
     target_compile_options(tintbench_settings INTERFACE
