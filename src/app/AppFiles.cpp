@@ -31,7 +31,7 @@ base::FileResult SyncedFileSystem::SyncToDevice(const std::string& path) {
 namespace {
 
 bool CanWriteTo(base::FileSystem& files, const std::string& folder) {
-  const std::string probe = base::JoinPath(folder, ".tintbench-probe");
+  const std::string probe = base::TemporaryPath(folder);
   base::FileResult result;
   if (!files.OpenToWrite(probe, base::WriteMode::kCreate, result)) return false;
   return static_cast<bool>(files.Delete(probe));

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <random>
 #include <tuple>
 
 #include "base/Text.h"
@@ -11,6 +12,29 @@ namespace tintbench::base {
 namespace {
 
 constexpr std::size_t kReadSize = 65536;
+
+constexpr std::string_view kTemporaryStart = ".tintbench-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
+constexpr std::string_view kTemporaryDigits = "0123456789abcdef";
+constexpr std::size_t kTemporaryDigitCount = 16;
+
+bool IsTemporaryName(std::string_view name) {
+  if (!name.starts_with(kTemporaryStart) || !name.ends_with(kTemporaryEnd)) return false;
+  if (name.size() != kTemporaryStart.size() + kTemporaryDigitCount + kTemporaryEnd.size()) {
+    return false;
+  }
+  const std::string_view digits = name.substr(kTemporaryStart.size(), kTemporaryDigitCount);
+  return digits.find_first_not_of(kTemporaryDigits) == std::string_view::npos;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+std::string PathIn(const std::string& folder, const std::string& name) {
+  return (std::filesystem::path(folder) / name).string();
+}
 
 }  // namespace
 
@@ -88,11 +112,30 @@ bool LineReader::Next(std::string& line) {
   if (whole && line.ends_with('\r')) line.pop_back();
   cut_ = !whole || line.size() > limit_;
   if (cut_) line.resize(limit_);
-  return begun;
+  return begun && !file_->Failed();
+}
+
+std::string TemporaryPath(const std::string& folder) {
+  std::random_device source;
+  std::string name(kTemporaryStart);
+  for (std::size_t i = 0; i < kTemporaryDigitCount; ++i) {
+    name += kTemporaryDigits[source() % kTemporaryDigits.size()];
+  }
+  return PathIn(folder, name.append(kTemporaryEnd));
+}
+
+void SweepTemporaryFiles(FileSystem& files, const std::string& folder) {
+  for (const std::string& name : files.List(folder, "*")) {
+    if (IsTemporaryName(name)) std::ignore = files.Delete(PathIn(folder, name));
+  }
+}
+
+FileResult SyncFolderOf(FileSystem& files, const std::string& path) {
+  return files.SyncToDevice(FolderOf(path));
 }
 
 ReplacementFile::ReplacementFile(FileSystem& files, std::string path)
-    : files_(files), path_(std::move(path)), temporary_(path_ + ".tmp") {
+    : files_(files), path_(std::move(path)), temporary_(TemporaryPath(FolderOf(path_))) {
   file_ = files_.OpenToWrite(temporary_, WriteMode::kCreate, result_);
 }
 
@@ -108,17 +151,16 @@ bool ReplacementFile::Keep(FileResult result) {
 }
 
 FileResult ReplacementFile::Write(std::string_view bytes) {
-  if (result_) Keep(file_->Write(bytes));
+  if (result_) Keep(file_ ? file_->Write(bytes) : FileResult("The file is complete"));
   return result_;
 }
 
 FileResult ReplacementFile::Commit() {
-  if (!result_) return result_;
+  if (!result_ || file_ == nullptr) return result_;
   if (Keep(file_->Close()) && Keep(files_.SyncToDevice(temporary_)) &&
       Keep(files_.Rename(temporary_, path_))) {
     file_.reset();
-    const std::string folder = std::filesystem::path(path_).parent_path().string();
-    Keep(files_.SyncToDevice(folder.empty() ? "." : folder));
+    Keep(SyncFolderOf(files_, path_));
   }
   return result_;
 }

@@ -1,6 +1,7 @@
 // The program's one way to files and folders, so that a test can put another body in its place and
-// make any operation fail. On top of it stand a line reader for texts of any origin and the
-// replacing of a file, which leaves either the old or the new one at any moment.
+// make any operation fail. On top of it stand a line reader for texts of any origin, the replacing
+// of a file, which leaves either the old or the new one at any moment, and the sweeping up of what
+// a replacing leaves when the program is cut off in it.
 #pragma once
 
 #include <cstddef>
@@ -131,7 +132,8 @@ class LineReader {
 
   // False if the file couldn't be opened.
   bool IsOpen() const { return file_ != nullptr; }
-  // Gives the next line without its end. False at the end of the file or after a failure.
+  // Gives the next line without its end. False at the end of the file or after a failure; a line
+  // that reading fails in isn't given, as nobody knows how it goes on.
   bool Next(std::string& line);
   // True if the line given last was cut at the limit.
   bool WasCut() const { return cut_; }
@@ -149,6 +151,18 @@ class LineReader {
   bool cut_ = false;
 };
 
+// A path in `folder` for a file that isn't to stay. The name is one that nobody else gives to a
+// file, not even another copy of the program, and SweepTemporaryFiles knows it again.
+std::string TemporaryPath(const std::string& folder);
+
+// Deletes the files in `folder` that TemporaryPath named: no process but one that was cut off
+// leaves them. One that can't be deleted stays for the next time. Not for a folder in which another
+// copy of the program may be writing: its replacement then fails, with the old file in place.
+void SweepTemporaryFiles(FileSystem& files, const std::string& folder);
+
+// Brings the folder of `path`, and so the name that a file was given there, to the device.
+FileResult SyncFolderOf(FileSystem& files, const std::string& path);
+
 // A file that is written anew beside its target and takes the target's place at Commit. If it is
 // never committed, the target stays as it is.
 class ReplacementFile {
@@ -160,7 +174,7 @@ class ReplacementFile {
 
   // After a failure every further step fails with the same reason.
   FileResult Write(std::string_view bytes);
-  // Brings the file to the device and puts it in the target's place.
+  // Brings the file to the device and puts it in the target's place. Nothing can be written after.
   FileResult Commit();
 
  private:

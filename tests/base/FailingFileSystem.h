@@ -1,6 +1,8 @@
-// Files through the standard library, of which the n-th operation fails, and all after it do or
-// don't. Writing, flushing and closing count as operations too.
+// Files through the standard library, of which the n-th operation fails, in the way that is asked
+// for. Reading, writing, flushing and closing count as operations too.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
@@ -10,10 +12,20 @@
 
 namespace tintbench::testing {
 
+enum class DiskFault {
+  kNoSpace,
+  kInputOutput,
+  kShortWrite,  // a write leaves half of its bytes, then the disk is full
+  // The program is cut off: a write leaves half of its bytes, and from then on nothing reaches the
+  // disk, not even the tidying up.
+  kCutOff,
+};
+
 class FailingFileSystem final : public base::StandardFileSystem {
  public:
   // The operation number `fails`, counted from 1, fails; with `lasting` all that follow fail too.
-  explicit FailingFileSystem(int fails, bool lasting = false) : left_(fails), lasting_(lasting) {}
+  explicit FailingFileSystem(int fails, bool lasting = false, DiskFault fault = DiskFault::kNoSpace)
+      : left_(fails), lasting_(lasting || fault == DiskFault::kCutOff), fault_(fault) {}
 
   // True once an operation has failed. If it stays false, the task was done in fewer operations.
   bool HasFailed() const { return left_ <= 0; }
@@ -62,22 +74,34 @@ class FailingFileSystem final : public base::StandardFileSystem {
     bool failed_ = false;
   };
 
+  // Keeps nothing in a buffer, which its end would write after the cut-off.
   class Output final : public base::OutputFile {
    public:
     Output(FailingFileSystem& owner, std::unique_ptr<OutputFile> file)
         : owner_(owner), file_(std::move(file)) {}
     base::FileResult Write(std::string_view bytes) override {
-      return owner_.Fails() ? Failure() : file_->Write(bytes);
+      const bool first = !owner_.HasFailed();
+      const bool fails = owner_.Fails();
+      if (fails) bytes = bytes.substr(0, first && owner_.IsTorn() ? bytes.size() / 2 : 0);
+      base::FileResult result = file_->Write(bytes);
+      if (result) result = file_->Flush();
+      return fails ? owner_.Failure() : result;
     }
-    base::FileResult Flush() override { return owner_.Fails() ? Failure() : file_->Flush(); }
-    base::FileResult Close() override { return owner_.Fails() ? Failure() : file_->Close(); }
+    base::FileResult Flush() override { return owner_.Fails() ? owner_.Failure() : file_->Flush(); }
+    base::FileResult Close() override { return owner_.Fails() ? owner_.Failure() : file_->Close(); }
 
    private:
     FailingFileSystem& owner_;
     std::unique_ptr<OutputFile> file_;
   };
 
-  static base::FileResult Failure() { return base::FileResult("No space left on device"); }
+  base::FileResult Failure() const {
+    const bool device = fault_ == DiskFault::kInputOutput;
+    return base::FileResult(device ? "Input/output error" : "No space left on device");
+  }
+
+  // True if the first write that fails leaves a part of its bytes.
+  bool IsTorn() const { return fault_ == DiskFault::kShortWrite || fault_ == DiskFault::kCutOff; }
 
   bool Fails() {
     if (left_ > 0) --left_;
@@ -88,6 +112,36 @@ class FailingFileSystem final : public base::StandardFileSystem {
 
   int left_;
   bool lasting_;
+  DiskFault fault_;
 };
+
+// Does a task under each fault, once and lasting, at its first operation, its second and so on,
+// until it needs no more operations. `task` takes the file system and whether the fault lasts.
+template <typename Task>
+void UnderEachDiskFault(const Task& task) {
+  constexpr struct {
+    const char* Name;
+    DiskFault Fault;
+    bool Lasting;
+  } kinds[] = {
+      {"no space", DiskFault::kNoSpace, false},
+      {"no space from here on", DiskFault::kNoSpace, true},
+      {"I/O error", DiskFault::kInputOutput, false},
+      {"I/O errors from here on", DiskFault::kInputOutput, true},
+      {"short write", DiskFault::kShortWrite, false},
+      {"short write and no space from here on", DiskFault::kShortWrite, true},
+      {"cut off", DiskFault::kCutOff, true},
+  };
+  for (const auto& kind : kinds) {
+    bool failed = true;
+    for (int operation = 1; failed; ++operation) {
+      SCOPED_TRACE(std::string(kind.Name) + " at operation " + std::to_string(operation));
+      ASSERT_LT(operation, 1000) << "the task never ends";
+      FailingFileSystem files(operation, kind.Lasting, kind.Fault);
+      task(files, kind.Lasting);
+      failed = files.HasFailed();
+    }
+  }
+}
 
 }  // namespace tintbench::testing

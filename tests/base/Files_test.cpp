@@ -44,28 +44,6 @@ TEST(Files, WhatIsMissingFailsWithAReason) {
   EXPECT_TRUE(reader.Failed());
 }
 
-// Whatever operation of a replacement fails, the target holds the old or the new text, whole, and
-// nothing else is left behind.
-TEST(Files, ReplacingKeepsTheOldFileWhateverFails) {
-  const ScratchFolder folder;
-  for (int operation = 1;; ++operation) {
-    const std::string path = folder.Put("target", "old");
-    FailingFileSystem files(operation);
-    const FileResult result = ReplaceFile(files, path, "new");
-    const std::string found = folder.Get("target");
-    if (!files.HasFailed()) {
-      EXPECT_TRUE(result);
-      EXPECT_EQ(found, "new");
-      EXPECT_GT(operation, 5);
-      break;
-    }
-    EXPECT_FALSE(result) << operation;
-    EXPECT_NE(result.Error(), "") << operation;
-    EXPECT_TRUE(found == "old" || found == "new") << operation << ": " << found;
-    EXPECT_EQ(folder.Count(), 1) << operation;
-  }
-}
-
 TEST(Files, AnUncommittedReplacementLeavesNothing) {
   const ScratchFolder folder;
   StandardFileSystem files;
