@@ -21,6 +21,8 @@ class AppPaths {
   std::string DefaultConfigFile() const { return JoinPath(appPath_, "DEFSLAVE.CFG"); }
   // The configuration that link-up received from the machine; it never outlives a run.
   std::string ReceivedConfigFile() const { return JoinPath(ConfigFolder(), "DEFSLAVE.CFR"); }
+  // Where a file is built while it is received; of no use to the next run.
+  std::string ReceptionFile() const { return JoinPath(appPath_, "TMP.TMP"); }
   std::string DebugLog() const { return JoinPath(appPath_, "ksvdebug.txt"); }
 
  private:

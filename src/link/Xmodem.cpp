@@ -3,6 +3,7 @@
 #include <tuple>
 #include <utility>
 
+#include "base/AppPaths.h"
 #include "base/Paths.h"
 #include "link/DebugLog.h"
 #include "link/XmodemReceiver.h"
@@ -12,7 +13,6 @@ namespace tintbench::link {
 
 namespace {
 
-constexpr const char* kTempFile = "TMP.TMP";
 constexpr const char* kTraceFile = "xmdebug.log";
 constexpr int kPortBuffer = 1048;  // above one large block with its frame
 
@@ -25,7 +25,7 @@ Xmodem::Xmodem(SerialPort& port, base::Clock& clock, base::FileSystem& files, Xm
 
 void Xmodem::XmodemInit() {
   session_.Retries = {};
-  session_.TempFile = base::JoinPath(setup_.AppPath, kTempFile);
+  session_.TempFile = base::AppPaths(setup_.AppPath).ReceptionFile();
 }
 
 void Xmodem::XmodemBind(const XmodemDisplay& display, std::function<PortSelection()> selection) {

@@ -4,8 +4,6 @@
 #include <array>
 #include <tuple>
 
-#include "base/Paths.h"
-
 namespace tintbench::link {
 
 namespace {
@@ -146,7 +144,7 @@ bool XmodemReceiver::PutInPlace() {
   if (!session_.Files.SyncToDevice(session_.TempFile)) return false;
   // Between two devices there is no renaming.
   if (!session_.Files.Rename(session_.TempFile, target)) return CopyInPlace();
-  return static_cast<bool>(session_.Files.SyncToDevice(base::FilePath(target)));
+  return static_cast<bool>(base::SyncFolderOf(session_.Files, target));
 }
 
 bool XmodemReceiver::CopyInPlace() {

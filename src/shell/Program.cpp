@@ -57,10 +57,7 @@ Program::Program(const ProgramSetup& setup)
 
 Program::Result Program::Main() {
   ApplyDebugLevel();
-  if (setup_.Files.FileExists(paths_.ReceivedConfigFile())) {
-    // One that can't be deleted is written anew by the next reception, or counts as wrong.
-    static_cast<void>(setup_.Files.Delete(paths_.ReceivedConfigFile()));
-  }
+  SweepUp();
   ShowSplash();
   setup_.Screen.Load(form1_);
   if (!hasPort_) {
@@ -72,6 +69,17 @@ Program::Result Program::Main() {
   setup_.Screen.Show(form1_);
   setup_.Screen.Run();
   return Result::Good;
+}
+
+// What belongs to an earlier run, and what one that was cut off left. A received file that can't be
+// deleted is written anew by the next reception, or counts as wrong.
+void Program::SweepUp() {
+  for (const std::string& path : {paths_.ReceivedConfigFile(), paths_.ReceptionFile()}) {
+    if (setup_.Files.FileExists(path)) static_cast<void>(setup_.Files.Delete(path));
+  }
+  for (const std::string& folder : {paths_.AppPath(), paths_.ConfigFolder()}) {
+    base::SweepTemporaryFiles(setup_.Files, folder);
+  }
 }
 
 void Program::ApplyDebugLevel() {

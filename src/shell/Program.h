@@ -61,6 +61,7 @@ class Program final : private MainWindowOwner {
   void EndMainWindow() override;
   void BuildSensorNames(bool configured) override;
 
+  void SweepUp();
   void ShowSplash();
   void AwaitSplash();
   void ReturnService();

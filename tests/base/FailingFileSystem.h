@@ -25,7 +25,15 @@ class FailingFileSystem final : public base::StandardFileSystem {
  public:
   // The operation number `fails`, counted from 1, fails; with `lasting` all that follow fail too.
   explicit FailingFileSystem(int fails, bool lasting = false, DiskFault fault = DiskFault::kNoSpace)
-      : left_(fails), lasting_(lasting || fault == DiskFault::kCutOff), fault_(fault) {}
+      : Operation(fails),
+        Lasts(lasting || fault == DiskFault::kCutOff),
+        left_(fails),
+        fault_(fault) {}
+
+  const int Operation;  // the first that fails
+  const bool Lasts;
+  // Can't be renamed, as if it lay on another device than all other files.
+  std::string ForeignPath;
 
   // True once an operation has failed. If it stays false, the task was done in fewer operations.
   bool HasFailed() const { return left_ <= 0; }
@@ -37,7 +45,9 @@ class FailingFileSystem final : public base::StandardFileSystem {
     return Fails() ? Failure() : StandardFileSystem::Delete(path);
   }
   base::FileResult Rename(const std::string& from, const std::string& to) override {
-    return Fails() ? Failure() : StandardFileSystem::Rename(from, to);
+    if (Fails()) return Failure();
+    if (from == ForeignPath) return base::FileResult("Invalid cross-device link");
+    return StandardFileSystem::Rename(from, to);
   }
   base::FileResult SyncToDevice(const std::string& path) override {
     return Fails() ? Failure() : StandardFileSystem::SyncToDevice(path);
@@ -106,17 +116,16 @@ class FailingFileSystem final : public base::StandardFileSystem {
   bool Fails() {
     if (left_ > 0) --left_;
     const bool fails = left_ == 0;
-    if (fails && !lasting_) left_ = -1;
+    if (fails && !Lasts) left_ = -1;
     return fails;
   }
 
   int left_;
-  bool lasting_;
   DiskFault fault_;
 };
 
 // Does a task under each fault, once and lasting, at its first operation, its second and so on,
-// until it needs no more operations. `task` takes the file system and whether the fault lasts.
+// until it needs no more operations. `task` takes the file system.
 template <typename Task>
 void UnderEachDiskFault(const Task& task) {
   constexpr struct {
@@ -138,7 +147,7 @@ void UnderEachDiskFault(const Task& task) {
       SCOPED_TRACE(std::string(kind.Name) + " at operation " + std::to_string(operation));
       ASSERT_LT(operation, 1000) << "the task never ends";
       FailingFileSystem files(operation, kind.Lasting, kind.Fault);
-      task(files, kind.Lasting);
+      task(files);
       failed = files.HasFailed();
     }
   }

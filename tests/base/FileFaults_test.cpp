@@ -45,7 +45,7 @@ TEST(FileFaults, ARewriteLeavesTheOldFileOrTheNewOne) {
   for (const auto& one : cases) {
     SCOPED_TRACE(one.Name);
     const ScratchFolder folder;
-    UnderEachDiskFault([&](FailingFileSystem& files, bool lasting) {
+    UnderEachDiskFault([&](FailingFileSystem& files) {
       const std::string path = folder.Path("target");
       std::filesystem::remove(path);
       if (one.HasOld) folder.Put("target", kOld);
@@ -54,7 +54,7 @@ TEST(FileFaults, ARewriteLeavesTheOldFileOrTheNewOne) {
       EXPECT_NE(failed, static_cast<bool>(result));
       EXPECT_EQ(failed, result.Error() != "");
       StandardFileSystem disk;
-      if (lasting) SweepTemporaryFiles(disk, folder.Path());
+      if (files.Lasts) SweepTemporaryFiles(disk, folder.Path());
       const bool isThere = disk.FileExists(path);
       EXPECT_EQ(folder.Count(), isThere ? 1 : 0);
       const bool isNew = isThere && folder.Get("target") == one.New;
