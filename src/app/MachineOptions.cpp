@@ -63,37 +63,34 @@ const Option* FindOption(std::string_view name) {
   return nullptr;
 }
 
+// Takes the option at `place`, which moves on if its value stands in the next argument. What is
+// wrong with it; empty if nothing is.
+std::string TakeOption(const std::vector<std::string>& arguments, std::size_t& place,
+                       MachineArguments& parsed) {
+  const std::string& argument = arguments[place];
+  const std::size_t equals = argument.find('=');
+  const bool inside = equals != std::string::npos;
+  const std::string name = argument.substr(0, equals);
+  const Option* option = FindOption(name);
+  if (option == nullptr || (inside && !option->TakesValue)) return "unknown option " + argument;
+  std::string value = inside ? argument.substr(equals + 1) : std::string();
+  if (option->TakesValue && !inside) {
+    if (place + 1 == arguments.size()) return name + " needs a value";
+    value = arguments[++place];
+  }
+  return option->Set(parsed, value) ? "" : "wrong value for " + name + ": \"" + value + "\"";
+}
+
 }  // namespace
 
 bool ParseMachineArguments(const std::vector<std::string>& arguments, MachineArguments& parsed,
                            std::string& error) {
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    const std::size_t equals = arguments[i].find('=');
-    const bool inside = equals != std::string::npos;
-    const std::string name = arguments[i].substr(0, equals);
-    const Option* option = FindOption(name);
-    if (option == nullptr || (inside && !option->TakesValue)) {
-      error = "unknown option " + arguments[i];
-      return false;
-    }
-    std::string value = inside ? arguments[i].substr(equals + 1) : std::string();
-    if (option->TakesValue && !inside) {
-      if (i + 1 == arguments.size()) {
-        error = name + " needs a value";
-        return false;
-      }
-      value = arguments[++i];
-    }
-    if (!option->Set(parsed, value)) {
-      error = "wrong value for " + name + ": \"" + value + "\"";
-      return false;
-    }
+  for (std::size_t place = 0; place < arguments.size(); ++place) {
+    error = TakeOption(arguments, place, parsed);
+    if (!error.empty()) return false;
   }
-  if (parsed.Link.empty() && !parsed.Help && !parsed.Version) {
-    error = "--link PATH is missing";
-    return false;
-  }
-  return true;
+  if (parsed.Link.empty() && !parsed.Help && !parsed.Version) error = "--link PATH is missing";
+  return error.empty();
 }
 
 std::string MachineHelp() {

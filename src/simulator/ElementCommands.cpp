@@ -11,7 +11,7 @@ namespace tintbench::simulator {
 
 namespace {
 
-constexpr std::size_t kMostPairs = 2 * 64;
+constexpr std::size_t kMostDigits = 128;      // two for each of 64 elements
 constexpr double kLastUnstoppableTest = 3.0;  // firmware whose valve test only a reset ends
 constexpr std::uint32_t kEncoderDamaged = 0x1100;
 constexpr std::uint32_t kCapStuck = 0x4000;
@@ -119,10 +119,10 @@ Reply TestValves(Plant& plant, const std::string&, double now) {
 }
 
 constexpr std::array kRows = {
-    CommandRow{"A", 2, kMostPairs, Characters::Digits, SwitchValves<true>},
-    CommandRow{"G", 2, kMostPairs, Characters::Digits, SwitchValves<false>},
-    CommandRow{"B", 2, kMostPairs, Characters::Digits, SwitchStirrings<true>},
-    CommandRow{"M", 2, kMostPairs, Characters::Digits, SwitchStirrings<false>},
+    CommandRow{"A", 2, kMostDigits, Characters::Digits, SwitchValves<true>},
+    CommandRow{"G", 2, kMostDigits, Characters::Digits, SwitchValves<false>},
+    CommandRow{"B", 2, kMostDigits, Characters::Digits, SwitchStirrings<true>},
+    CommandRow{"M", 2, kMostDigits, Characters::Digits, SwitchStirrings<false>},
     CommandRow{"DO", 2, 2, Characters::Digits, MoveCap<CapPosition::Open>},
     CommandRow{"DC", 2, 2, Characters::Digits, MoveCap<CapPosition::Closed>},
     CommandRow{"DM", 2, 2, Characters::Digits, MoveCap<CapPosition::Middle>},

@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include "simulator/Configuration.h"
@@ -21,7 +22,9 @@ struct GroupInput {
   int Kind;
   int Type;
 
-  auto operator<=>(const GroupInput&) const = default;
+  bool operator<(const GroupInput& other) const {
+    return std::tie(Group, Kind, Type) < std::tie(other.Group, other.Kind, other.Type);
+  }
 };
 
 class Groups {
