@@ -129,7 +129,6 @@ class Machine {
 
   Wire toMachine_;
   Wire fromMachine_;
-  LineFormat format_;
   SerialLine line_ = SerialLine::None;
   bool attached_ = false;
   bool masterService_ = false;  // the master line may give commands
