@@ -1,10 +1,10 @@
 // What stands at the other end of the line, as far as link-up has found out.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "base/Numbers.h"
-#include "base/Text.h"
 
 namespace tintbench::link {
 
@@ -33,11 +33,9 @@ struct LinkStatus {
 
   // The whole part of the firmware version's number; below 1 if it isn't known.
   int FirmwareNumber() const {
-    return static_cast<int>(base::LeadingNumber(base::Left(FirmwareVersion, kMostDigits)));
+    constexpr double kLargest = 1e9;
+    return static_cast<int>(std::clamp(base::LeadingNumber(FirmwareVersion), -kLargest, kLargest));
   }
-
- private:
-  static constexpr int kMostDigits = 8;
 };
 
 }  // namespace tintbench::link

@@ -77,6 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
                                .ConfigSource = link::kNoConfig,
                                .Boxes = {kStop, kUnread},
                                .FirstWritten = "#jf*#cr*"},
+                      LinkCase{.Name = "VersionBeyondAllNumbers", .Firmware = "9e9"},
                       LinkCase{.Name = "NoAnswer",
                                .Words = {"fault silent"},
                                .LinkState = link::kPortOpen,
