@@ -40,7 +40,8 @@ TEST(Xmodem, ReadsCharacterByCharacterAndLeavesThePortAsItWas) {
   EXPECT_TRUE(port.WaitForInput(0));
   port.Expect(kNak).Reply(kCan + kCan + "A").Expect(kCancel);
   base::StandardFileSystem files;
-  link::Xmodem engine(port, clock, files, {});
+  const ScratchFolder folder;
+  link::Xmodem engine(port, clock, files, {.AppPath = folder.Path()});
   engine.XmodemBind();
   EXPECT_EQ(engine.XmodemTransfer(link::kXmodemReceive, 128, "nowhere"), 4);
   EXPECT_EQ(port.InputLen(), 7);
