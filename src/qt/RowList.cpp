@@ -37,10 +37,12 @@ void RowList::mousePressEvent(QMouseEvent* event) {
 
 void RowList::mouseReleaseEvent(QMouseEvent* event) {
   const QPointer<RowList> self(this);
+  // A press on a check mark leaves the toolkit's own choice of a row alone.
+  const int row = indexAt(event->position().toPoint()).row();
   QListView::mouseReleaseEvent(event);
   if (self == nullptr || !pressing_ || event->button() != Qt::LeftButton) return;
   pressing_ = false;
-  if (currentIndex().isValid() && RowPressed) RowPressed(currentIndex().row());
+  if (RowPressed) RowPressed(row);
 }
 
 // A list without a chosen row stays so when the keyboard comes to it.
