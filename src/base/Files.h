@@ -75,7 +75,8 @@ class FileSystem {
   virtual FileResult MakeDir(const std::string& path) = 0;
   // Deletes a file. A file that doesn't exist is an error.
   virtual FileResult Delete(const std::string& path) = 0;
-  // Gives the file a new name, in place of a file that has this name.
+  // Gives the file a new name, in place of a file that has this name. A folder or a device that
+  // has it is an error.
   virtual FileResult Rename(const std::string& from, const std::string& to) = 0;
 
   // Null if there is no regular file of that name or it can't be opened.

@@ -24,6 +24,15 @@ FileResult StreamFailure() {
   return FileResult(number != 0 ? std::generic_category().message(number) : "Input/output error");
 }
 
+// False if a folder, a device or a named pipe has the name.
+bool CanBeFile(const std::string& path) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(path, ignored);
+  return !fs::exists(status) || fs::is_regular_file(status);
+}
+
+FileResult NoFile() { return FileResult("Not a regular file"); }
+
 class StreamInput final : public InputFile {
  public:
   explicit StreamInput(const std::string& path) : stream_(path, std::ios::binary) {}
@@ -112,6 +121,7 @@ FileResult StandardFileSystem::Delete(const std::string& path) {
 }
 
 FileResult StandardFileSystem::Rename(const std::string& from, const std::string& to) {
+  if (!CanBeFile(to)) return NoFile();
   std::error_code code;
   fs::rename(from, to, code);
   return FromCode(code);
@@ -127,9 +137,8 @@ std::unique_ptr<InputFile> StandardFileSystem::OpenToRead(const std::string& pat
 std::unique_ptr<OutputFile> StandardFileSystem::OpenToWrite(const std::string& path, WriteMode mode,
                                                             FileResult& result) {
   // Opening a named pipe would wait for its reader.
-  std::error_code ignored;
-  if (fs::exists(path, ignored) && !FileExists(path)) {
-    result = FileResult("Not a regular file");
+  if (!CanBeFile(path)) {
+    result = NoFile();
     return nullptr;
   }
   errno = 0;
