@@ -87,17 +87,20 @@ Card* MakePanel(ui::Form& form, int index, const PanelPlace& place, QWidget& vie
 }
 
 void AddPanels(ui::Form& form, QWidget& view, QBoxLayout& rows) {
+  std::array<Card*, kPanels.size()> cards{};
+  for (std::size_t i = 0; i < cards.size(); ++i) {
+    cards[i] = MakePanel(form, static_cast<int>(i), kPanels[i], view);
+  }
+  const bool hasLowerRow = cards.back() != nullptr;
   auto* const grid = new QGridLayout;
   grid->setSpacing(Em(view));
-  for (std::size_t i = 0; i < kPanels.size(); ++i) {
+  for (std::size_t i = 0; i < cards.size(); ++i) {
     const PanelPlace& place = kPanels[i];
     grid->setColumnStretch(place.Column, 1);
-    Card* const card = MakePanel(form, static_cast<int>(i), place, view);
-    if (card == nullptr) continue;
-    grid->addWidget(card, place.Row, place.Column, place.RowSpan, place.ColumnSpan);
-    if (place.RowSpan == 1) {
-      grid->setRowStretch(place.Row, kRowShares[static_cast<std::size_t>(place.Row)]);
-    }
+    if (cards[i] == nullptr) continue;
+    const int rowSpan = hasLowerRow ? place.RowSpan : 1;
+    grid->addWidget(cards[i], place.Row, place.Column, rowSpan, place.ColumnSpan);
+    grid->setRowStretch(place.Row, kRowShares[static_cast<std::size_t>(place.Row)]);
   }
   rows.addLayout(grid, 1);
 }

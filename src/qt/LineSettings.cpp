@@ -26,9 +26,17 @@ constexpr std::array<std::pair<std::string_view, QSerialPort::DataBits>, 4> kDat
     {"7", QSerialPort::Data7},
     {"8", QSerialPort::Data8},
 }};
+#ifdef Q_OS_WIN
+constexpr QSerialPort::StopBits kOneAndHalfStop = QSerialPort::OneAndHalfStop;
+#else
+// Elsewhere there is no such setting. Two are 1.5 with five data bits, and with more of them a
+// longer rest than the other end asks for, which hurts nobody.
+constexpr QSerialPort::StopBits kOneAndHalfStop = QSerialPort::TwoStop;
+#endif
+
 constexpr std::array<std::pair<std::string_view, QSerialPort::StopBits>, 3> kStopBits{{
     {"1", QSerialPort::OneStop},
-    {"1.5", QSerialPort::OneAndHalfStop},
+    {"1.5", kOneAndHalfStop},
     {"2", QSerialPort::TwoStop},
 }};
 constexpr int kFields = 4;

@@ -34,14 +34,14 @@ bool HasRights(const QString& path) {
 
 std::string NoRights(const QString& device) {
   const QString group = QFileInfo(device).group();
-  QString text = QStringLiteral("no right to use %1").arg(device);
-  if (!group.isEmpty()) {
-    text += QStringLiteral(
-                ": it belongs to the group %1; join it with \"sudo adduser $USER %1\" and log in "
-                "again")
-                .arg(group);
-  }
-  return text.toStdString();
+  // Nobody should join the group of the administrator for the sake of a port.
+  if (group.isEmpty() || group == QLatin1String("root")) return "you have no right to use it";
+  return QStringLiteral(
+             "you have no right to use it; join its group with \"sudo adduser $USER %1\" and log "
+             "in "
+             "again")
+      .arg(group)
+      .toStdString();
 }
 
 QString ProgramName(const QString& process) {
@@ -66,6 +66,11 @@ std::string DeviceHolders(const std::string& device) {
     }
   }
   return holders.join(QStringLiteral(", ")).toStdString();
+}
+
+bool IsPseudoTerminal(const std::string& device) {
+  const QString real = QFileInfo(QString::fromStdString(device)).canonicalFilePath();
+  return real.startsWith(QLatin1String("/dev/pts/")) || real.startsWith(QLatin1String("/dev/ttys"));
 }
 
 std::string DeviceProblem(const std::string& device) {

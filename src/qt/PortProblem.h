@@ -12,4 +12,7 @@ std::string DeviceProblem(const std::string& device);
 // there is none or it can't be found out.
 std::string DeviceHolders(const std::string& device);
 
+// True for a line that ends in a program instead of in hardware.
+bool IsPseudoTerminal(const std::string& device);
+
 }  // namespace tintbench::desktop

@@ -1,6 +1,7 @@
 #include "qt/QtSerialPort.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <utility>
 
@@ -28,15 +29,31 @@ bool IsHarmless(QSerialPort::SerialPortError error) {
          error == QSerialPort::UnsupportedOperationError;
 }
 
+std::string HeldBy(const std::string& holders, const std::string& otherwise) {
+  return holders.empty() ? otherwise : "it is held by " + holders + ": end that program first";
+}
+
+std::string BadSettings(const std::string& settings) {
+  return "the settings \"" + settings + "\" can't be used";
+}
+
 }  // namespace
 
 QtSerialPort::QtSerialPort(base::Clock& clock, PortTable ports, Report report)
-    : clock_(clock), ports_(std::move(ports)), report_(std::move(report)) {}
+    : clock_(clock), ports_(std::move(ports)), report_(std::move(report)) {
+  // A lost line that nobody reads tells of its loss again and again while events are served. The
+  // port can't be closed from within what it tells.
+  QObject::connect(&serial_, &QSerialPort::errorOccurred, &serial_, [this](auto error) {
+    if (IsHarmless(error)) return;
+    QMetaObject::invokeMethod(
+        &serial_, [this] { NoticeLoss(); }, Qt::QueuedConnection);
+  });
+}
 
 QtSerialPort::~QtSerialPort() { Close(); }
 
-std::string QtSerialPort::Name() const {
-  return "port " + std::to_string(number_) + " (" + ports_.Device(number_) + ")";
+std::string QtSerialPort::Name(int number) const {
+  return "port " + std::to_string(number) + " (" + ports_.Device(number) + ")";
 }
 
 void QtSerialPort::Tell(const std::string& problem) {
@@ -44,10 +61,12 @@ void QtSerialPort::Tell(const std::string& problem) {
 }
 
 void QtSerialPort::Settings(const std::string& settings) {
-  settings_ = settings;
   if (serial_.isOpen() && !Apply(settings)) {
-    Tell(Name() + ": the settings \"" + settings + "\" can't be used");
+    Tell(Name(openNumber_) + ": " + BadSettings(settings));
+    Apply(settings_);
+    return;
   }
+  settings_ = settings;
 }
 
 bool QtSerialPort::PortOpen(bool open) {
@@ -61,47 +80,64 @@ bool QtSerialPort::PortOpen(bool open) {
 bool QtSerialPort::Open() {
   const std::string device = ports_.Device(number_);
   if (device.empty()) return false;
-  serial_.setPortName(QString::fromStdString(device));
-  serial_.setReadBufferSize(inBufferSize_);
-  std::string problem = DeviceProblem(device);
-  if (problem.empty() && !serial_.open(QIODevice::ReadWrite)) {
-    const std::string holders = DeviceHolders(device);
-    problem = holders.empty() ? serial_.errorString().toStdString() : "it is held by " + holders;
-  } else if (problem.empty() && !Reserve()) {
-    problem = "it is held by " + DeviceHolders(device) + ": end that program first";
-  } else if (problem.empty() && !Apply(settings_)) {
-    problem = "the settings \"" + settings_ + "\" can't be used";
-  }
-  if (!problem.empty()) {
+  openNumber_ = number_;
+  std::string problem;
+  if (!TryToOpen(device, problem)) {
     Close();
-    if (ports_.IsGiven(number_)) Tell(Name() + " can't be opened: " + problem);
+    if (!problem.empty()) Tell(Name(number_) + " can't be opened: " + problem);
     return false;
   }
-  serial_.clearError();
   input_.clear();
   taken_ = 0;
-  openNumber_ = number_;
   told_.clear();
+  return true;
+}
+
+// Gives a problem that the operator should hear of, if there is one.
+bool QtSerialPort::TryToOpen(const std::string& device, std::string& problem) {
+  problem = DeviceProblem(device);
+  if (!problem.empty()) return false;
+  serial_.setPortName(QString::fromStdString(device));
+  serial_.setReadBufferSize(inBufferSize_);
+  if (!serial_.open(QIODevice::ReadWrite)) {
+    const std::string holders = DeviceHolders(device);
+    // A system also lists ports that no hardware stands behind.
+    const bool worthTelling = ports_.IsGiven(number_) || !holders.empty();
+    if (worthTelling) problem = HeldBy(holders, serial_.errorString().toStdString());
+    return false;
+  }
+  if (!Reserve()) {
+    problem = HeldBy(DeviceHolders(device), "another program has it");
+    return false;
+  }
+  if (!Apply(settings_)) {
+    problem = BadSettings(settings_);
+    return false;
+  }
   return true;
 }
 
 bool QtSerialPort::Apply(const std::string& text) {
   LineSettings settings;
   if (!ParseLineSettings(text, settings)) return false;
-  const bool applied = serial_.setBaudRate(settings.Baud) && serial_.setParity(settings.Parity) &&
-                       serial_.setDataBits(settings.DataBits) &&
-                       serial_.setStopBits(settings.StopBits) &&
-                       serial_.setFlowControl(QSerialPort::NoFlowControl);
-  const bool good = applied || serial_.error() == QSerialPort::UnsupportedOperationError;
-  serial_.clearError();
-  return good;
+  // A pseudo-terminal has no line that could have a parity.
+  const bool pseudo = IsPseudoTerminal(ports_.Device(openNumber_));
+  const auto taken = [this, pseudo](bool applied) {
+    const bool ignored = pseudo && serial_.error() == QSerialPort::UnsupportedOperationError;
+    serial_.clearError();
+    return applied || ignored;
+  };
+  return taken(serial_.setBaudRate(settings.Baud)) && taken(serial_.setParity(settings.Parity)) &&
+         taken(serial_.setDataBits(settings.DataBits)) &&
+         taken(serial_.setStopBits(settings.StopBits)) &&
+         taken(serial_.setFlowControl(QSerialPort::NoFlowControl));
 }
 
 // The terminal's own exclusive mode doesn't hold against a privileged user; the lock does, between
 // programs that ask for it.
 bool QtSerialPort::Reserve() {
 #ifdef Q_OS_UNIX
-  return ::flock(serial_.handle(), LOCK_EX | LOCK_NB) == 0;
+  return ::flock(serial_.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 #else
   return true;
 #endif
@@ -127,10 +163,11 @@ bool QtSerialPort::IsLost() const {
 
 void QtSerialPort::NoticeLoss() {
   if (!serial_.isOpen() || !IsLost()) return;
-  const std::string name =
-      "port " + std::to_string(openNumber_) + " (" + serial_.portName().toStdString() + ")";
   serial_.close();
-  Tell(name + " was lost: check the adapter and its cable, then choose <Port Connection>");
+  input_.clear();
+  taken_ = 0;
+  Tell(Name(openNumber_) +
+       " was lost: check the adapter and its cable, then choose <Port Connection>");
 }
 
 // Takes what has arrived into our own buffer, after waiting for it for so long at the most.
@@ -179,17 +216,14 @@ void QtSerialPort::Drain() {
 bool QtSerialPort::WaitForInput(double seconds) {
   const double end = clock_.Now() + seconds;
   if (taken_ < input_.size()) return true;
-  if (!serial_.isOpen()) {
-    clock_.SleepUntil(end);
-    return false;
-  }
   while (serial_.isOpen()) {
     const double rest = std::ceil((end - clock_.Now()) * 1000.0);
     Collect(static_cast<int>(std::clamp(rest, 0.0, static_cast<double>(kLongestWaitMs))));
     if (taken_ < input_.size()) return true;
     if (rest <= 0) return false;
   }
-  return false;  // lost while waiting
+  clock_.SleepUntil(end);
+  return false;
 }
 
 }  // namespace tintbench::desktop

@@ -18,8 +18,8 @@ class QtSerialPort final : public link::SerialPort {
   // Takes one line in plain words: why a port can't be opened, or that it was lost.
   using Report = std::function<void(const std::string&)>;
 
-  // Every problem is told once, until the port has been open again. Ports that the operator
-  // hasn't named himself are tried in silence.
+  // Every problem is told once, until a port has been open again. Numbers without a device, and
+  // ports of the system's own list that just don't open, are tried in silence.
   QtSerialPort(base::Clock& clock, PortTable ports, Report report);
   ~QtSerialPort() override;
 
@@ -42,6 +42,7 @@ class QtSerialPort final : public link::SerialPort {
 
  private:
   bool Open();
+  bool TryToOpen(const std::string& device, std::string& problem);
   bool Apply(const std::string& settings);
   bool Reserve();
   void Close();
@@ -50,7 +51,7 @@ class QtSerialPort final : public link::SerialPort {
   bool IsLost() const;
   void NoticeLoss();
   void Tell(const std::string& problem);
-  std::string Name() const;
+  std::string Name(int number) const;
 
   base::Clock& clock_;
   PortTable ports_;
@@ -58,7 +59,7 @@ class QtSerialPort final : public link::SerialPort {
   std::set<std::string> told_;
   QSerialPort serial_;
   int number_ = 1;
-  int openNumber_ = 0;  // the number that the open port was opened under
+  int openNumber_ = 0;  // the number that the port was opened under
   std::string settings_ = "9600,N,8,1";
   int inBufferSize_ = 1024;
   int outBufferSize_ = 512;
