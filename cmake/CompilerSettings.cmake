@@ -18,4 +18,11 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
       -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(tintbench_settings INTERFACE -fsanitize=address,undefined)
   endif()
+  if(TINTBENCH_FUZZ)
+    # The fuzzer sees what it reaches only in code that is compiled for it, so all of it is.
+    target_compile_options(tintbench_settings INTERFACE -O1
+      -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+      -fno-omit-frame-pointer)
+    target_link_options(tintbench_settings INTERFACE -fsanitize=address,undefined)
+  endif()
 endif()
