@@ -3,7 +3,8 @@
 buildPackages=(g++ cmake ninja-build ccache qt6-base-dev qt6-serialport-dev)
 # The program's own window: a platform for each kind of desktop, and letters to write with.
 windowPackages=(qt6-qpa-plugins qt6-wayland fonts-dejavu-core)
-checkPackages=(libgtest-dev libgmock-dev clang-format clang-tidy lrzsz fonts-dejavu-core)
+checkPackages=(libgtest-dev libgmock-dev clang clang-format clang-tidy libclang-rt-dev lrzsz
+  fonts-dejavu-core)
 benchPackages=(xvfb xdotool lrzsz qt6-qpa-plugins fonts-dejavu-core)
 
 # install_missing PACKAGE...: installs those that aren't there, and asks for rights only then.
