@@ -68,6 +68,10 @@ double Contrast(const QColor& one, const QColor& other) {
   return (high + 0.05) / (low + 0.05);
 }
 
+QColor BestOn(const QColor& ground) {
+  return Contrast(Qt::black, ground) > Contrast(Qt::white, ground) ? Qt::black : Qt::white;
+}
+
 // One of twenty steps towards black or white.
 QColor Step(const QColor& colour, const QColor& end, int step) {
   const auto mix = [step](float from, float to) {
@@ -102,12 +106,12 @@ QColor ToQt(ui::Colour colour, const QPalette& palette) {
 
 QColor Readable(const QColor& words, const QColor& ground) {
   constexpr double kEnough = 4.5;
-  const bool darken = Contrast(Qt::black, ground) > Contrast(Qt::white, ground);
+  const QColor best = BestOn(ground);
   for (int step = 0; step < 20; ++step) {
-    const QColor tried = Step(words, darken ? Qt::black : Qt::white, step);
+    const QColor tried = Step(words, best, step);
     if (Contrast(tried, ground) >= kEnough) return tried;
   }
-  return darken ? Qt::black : Qt::white;
+  return best;
 }
 
 QColor Halfway(const QColor& one, const QColor& other) { return Step(one, other, 10); }
@@ -122,7 +126,7 @@ void Dress(QWidget& widget, ui::Colour back, ui::Colour fore) {
   const QColor ground = ownGround ? ToQt(back, natural) : natural.color(roles.Ground);
   if (ownGround) palette.setColor(roles.Ground, ground);
   if (ownGround || ownWords) {
-    const QColor words = Readable(ToQt(fore, natural), ground);
+    const QColor words = ownWords ? Readable(ToQt(fore, natural), ground) : BestOn(ground);
     palette.setColor(roles.Words, words);
     palette.setColor(QPalette::Disabled, roles.Words, Halfway(words, ground));
   }

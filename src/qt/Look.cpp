@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <array>
 
 #include "qt/Colours.h"
@@ -12,13 +13,14 @@ namespace tintbench::desktop {
 namespace {
 
 // Roomier than the toolkit's own, with the buttons of boxes in one order on every desktop.
-class RoomyStyle final : public QProxyStyle {
+class RoomyStyle : public QProxyStyle {
  public:
   RoomyStyle() : QProxyStyle("fusion") {}
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override {
     if (hint == SH_DialogButtonLayout) return QDialogButtonBox::WinLayout;
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
     return QProxyStyle::styleHint(hint, option, widget, result);
   }
 
@@ -38,6 +40,35 @@ class RoomyStyle final : public QProxyStyle {
       default:
         return own;
     }
+  }
+};
+
+// The outlines of fields and boxes to tick, which the toolkit's style derives from the window's
+// ground, too faint to be seen on a dark one.
+class OutlinedStyle final : public RoomyStyle {
+ public:
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    const bool drawn = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton
+                           ? DrawOutlined<QStyleOptionButton>(element, option, painter, widget)
+                           : (element == PE_FrameLineEdit || element == PE_Frame) &&
+                                 DrawOutlined<QStyleOptionFrame>(element, option, painter, widget);
+    if (!drawn) RoomyStyle::drawPrimitive(element, option, painter, widget);
+  }
+
+ private:
+  template <typename Option>
+  bool DrawOutlined(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                    const QWidget* widget) const {
+    constexpr int kStylesDarkening = 140;
+    const auto* own = qstyleoption_cast<const Option*>(option);
+    if (own == nullptr) return false;
+    Option outlined = *own;
+    const QColor outline =
+        Halfway(own->palette.color(QPalette::WindowText), own->palette.color(QPalette::Window));
+    outlined.palette.setColor(QPalette::Window, outline.lighter(kStylesDarkening));
+    RoomyStyle::drawPrimitive(element, &outlined, painter, widget);
+    return true;
   }
 };
 
@@ -91,7 +122,7 @@ QPalette MakePalette(bool dark) {
 void ApplyLook(QApplication& application, Brightness brightness) {
   const bool dark = brightness == Brightness::Desktop ? IsDark(QApplication::palette())
                                                       : brightness == Brightness::Dark;
-  application.setStyle(new RoomyStyle);
+  application.setStyle(new OutlinedStyle);
   application.setPalette(MakePalette(dark));
 }
 
