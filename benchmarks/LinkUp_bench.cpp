@@ -3,7 +3,6 @@
 // time of every byte of the configuration's exchange on the line, which carries one byte at a time.
 #include <algorithm>
 #include <filesystem>
-#include <utility>
 
 #include "Ratio.h"
 #include "base/Clock.h"
@@ -67,15 +66,22 @@ class BenchScreen final : public ui::Screen {
 
  protected:
   bool ServeOperator() override {
-    if (Front() == nullptr) return false;
-    const auto measure = Front()->IsSplash() ? nullptr : std::exchange(AtMainWindow, nullptr);
-    if (measure) measure();
+    // A transfer serves events too; nobody closes the window while it is measured.
+    if (Front() == nullptr || measuring_) return false;
+    if (!Front()->IsSplash()) {
+      measuring_ = true;
+      AtMainWindow();
+      measuring_ = false;
+    }
     CloseByOperator(*Front());
     return true;
   }
   void AwaitOperator(double when) override { Time().SleepUntil(when); }
   void Appeared(ui::Form&, bool) override {}
   void Vanished(ui::Form&) override {}
+
+ private:
+  bool measuring_ = false;
 };
 
 void Measure() {

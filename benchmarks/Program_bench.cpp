@@ -27,6 +27,7 @@ double Now() {
 }
 
 pid_t Start(std::vector<std::string> arguments) {
+  std::fflush(stdout);  // or the child would print it once more
   const pid_t child = fork();
   if (child != 0) return child;
   std::vector<char*> list;
@@ -53,11 +54,18 @@ double PeakAfter(pid_t child, double seconds) {
   return PeakOf(child);
 }
 
+// Asks anew each time: xdotool's own waiting looks twice a second only.
+bool WindowShows() {
+  int status = 0;
+  waitpid(Start({"xdotool", "search", "--onlyvisible", "--name", "^TintBench$"}), &status, 0);
+  return status == 0;
+}
+
 // Seconds until a window of that title can be seen.
 double TimeToWindow(const std::vector<std::string>& arguments) {
   const double start = Now();
   const pid_t child = Start(arguments);
-  PeakOf(Start({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^TintBench$"}));
+  while (!WindowShows()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   const double seconds = Now() - start;
   kill(child, SIGTERM);
   PeakOf(child);
