@@ -101,7 +101,7 @@ void Measure(const std::string& folder) {
 
 int main() {
   using namespace tintbench::bench;
-  const pid_t display = Start({"Xvfb", kDisplay, "-screen", "0", "1280x1024x24"});
+  const pid_t display = Start({"Xvfb", kDisplay, "-screen", "0", "1280x1024x24", "-noreset"});
   setenv("DISPLAY", kDisplay, 1);
   std::this_thread::sleep_for(std::chrono::seconds(1));
   const std::filesystem::path folder =
