@@ -157,7 +157,7 @@ void OperatorScreen::TellWaitingMachineWords() {
 
 // At the script's end the windows are closed from the front one back to the main window.
 bool OperatorScreen::CloseFrontWindow() {
-  if (Front() == nullptr || Time().Now() < nextClose_) return false;
+  if (Front() == nullptr || IsQuitting() || Time().Now() < nextClose_) return false;
   nextClose_ = Time().Now() + kCloseInterval;
   if (++closeTries_ > kCloseTries) {
     ScriptFails(nullptr, "the window " + Front()->Name() + " does not close");

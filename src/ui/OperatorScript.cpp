@@ -20,6 +20,12 @@ struct Token {
 // The words of one line. Empty if a quote isn't closed or an escape is unknown.
 std::optional<std::vector<Token>> Tokenise(std::string_view line);
 
+// In seconds, somewhat over eleven days. On a clock that shows many times more, the short waits of
+// the program would be too small to be added.
+constexpr double kLongestWait = 1e6;
+// In characters. What a step says comes back in messages and in the transcript.
+constexpr std::size_t kLongestLine = 10000;
+
 // Reads the words of one step, from left to right.
 class StepReader {
  public:
@@ -44,7 +50,7 @@ class StepReader {
     const std::optional<std::string> text = Bare();
     if (!text || !base::IsNumeric(*text)) return false;
     step_.Seconds = base::LeadingNumber(*text);
-    return step_.Seconds >= 0;
+    return step_.Seconds >= 0 && step_.Seconds <= kLongestWait;
   }
   // A path of `least` to `most` names.
   bool Target(std::size_t least, std::size_t most);
@@ -222,8 +228,9 @@ constexpr std::array<StepForm, 17> kStepForms{{
     {"answer", StepKind::Answer, ReadAnswer, "answer OK|Cancel|Yes|No [is|has \"text\"]"},
     {"input", StepKind::Input, ReadReply, "input \"text\" or cancel [is|has \"prompt\"]"},
     {"file", StepKind::File, ReadReply, "file \"path\" or cancel [is|has \"title\"]"},
-    {"wait", StepKind::Wait, ReadWait, "wait SECONDS"},
-    {"until", StepKind::Until, ReadUntil, "until Property is|has \"text\" within SECONDS"},
+    {"wait", StepKind::Wait, ReadWait, "wait SECONDS, up to 1000000"},
+    {"until", StepKind::Until, ReadUntil,
+     "until Property is|has \"text\" within SECONDS, up to 1000000"},
     {"expect", StepKind::Expect, ReadExpect, "expect Property is|has|isnot \"text\""},
     {"print", StepKind::Print, ReadProperty, "print Property"},
     {"watch", StepKind::Watch, ReadProperty, "watch Property"},
@@ -301,6 +308,14 @@ std::string ParseStep(Step& step) {
   return "usage: " + std::string(form->Usage);
 }
 
+// What is wrong with a line; empty if nothing is. A line that says nothing gives an empty step.
+std::string ParseLine(std::string_view line, Step& step) {
+  if (line.size() > kLongestLine) return "the line is too long";
+  step.Source = Trimmed(line);
+  if (step.Source.starts_with('\'')) step.Source.clear();
+  return step.Source.empty() ? "" : ParseStep(step);
+}
+
 }  // namespace
 
 bool ParseOperatorScript(std::string_view text, const std::string& fileName, OperatorScript& script,
@@ -308,17 +323,16 @@ bool ParseOperatorScript(std::string_view text, const std::string& fileName, Ope
   script = {fileName, {}};
   int number = 0;
   while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
     Step step;
     step.Line = ++number;
-    step.Source = Trimmed(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
-    if (step.Source.empty() || step.Source[0] == '\'') continue;
-    if (const std::string fault = ParseStep(step); !fault.empty()) {
+    const std::string fault = ParseLine(line, step);
+    if (!fault.empty()) {
       error = fileName + ":" + std::to_string(number) + ": " + fault;
       return false;
     }
-    script.Steps.push_back(std::move(step));
+    if (!step.Source.empty()) script.Steps.push_back(std::move(step));
   }
   return true;
 }

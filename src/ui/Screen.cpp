@@ -88,6 +88,8 @@ void Screen::Idle(double seconds) {
   while (!Serve() && !quitting_ && clock_.Now() < end) {
     AwaitOperator(std::min(end, NextTimerDue()));
   }
+  // A process that waits in turns for something to come must still see its time run out.
+  if (quitting_ && end < kNever) clock_.SleepUntil(end);
 }
 
 void Screen::Run() {

@@ -81,7 +81,8 @@ class Screen {
 
   // Serves what is pending: due timers and the operator's hand.
   void DoEvents();
-  // Serves events. Returns as soon as one has been served, after `seconds` at the latest.
+  // Serves events. Returns as soon as one has been served, after `seconds` at the latest; once the
+  // program must end, only then.
   void Idle(double seconds);
   // Serves events until no window is open.
   void Run();

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <utility>
 
 #include "ui/Picture.h"
 
@@ -265,6 +266,32 @@ TEST_F(OperatorScreenTest, ReportsStepsThatTheProgramDidNotLiveToSee) {
   EXPECT_TRUE(Has(played.Diagnostics, "test:2: the program has ended before this step"));
 }
 
+// Its way out takes longer than the script's patience.
+struct SlowForm : Form {
+  explicit SlowForm(Screen& screen) : Form("Slow"), Owner(screen) {}
+  void Form_QueryUnload(bool& cancel) override {
+    cancel = std::exchange(Ending, true);
+    for (int i = 0; !cancel && i < 200; ++i) Owner.Idle(1.0);
+  }
+  Screen& Owner;
+  bool Ending = false;
+};
+
+TEST(OperatorScreen, GivesUpOnceOnAWindowThatDoesNotCloseAndLetsItsTimePass) {
+  base::VirtualClock clock;
+  std::ostringstream transcript;
+  std::ostringstream diagnostics;
+  OperatorScreen screen(clock, {"test", {}}, transcript, diagnostics);
+  SlowForm form(screen);
+  screen.Show(form);
+  screen.Run();
+  EXPECT_EQ(diagnostics.str(), "test: the window Slow does not close\n");
+  EXPECT_TRUE(screen.IsQuitting());
+  const double before = clock.Now();
+  screen.Idle(5.0);
+  EXPECT_EQ(clock.Now(), before + 5.0);
+}
+
 TEST(OperatorScript, RejectsWrongStepsWithTheirPlace) {
   struct WrongStep {
     std::string Text;
@@ -288,6 +315,9 @@ TEST(OperatorScript, RejectsWrongStepsWithTheirPlace) {
       {"answer OK like \"x\"", "usage: answer"},
       {"wait long", "usage: wait"},
       {"wait -1", "usage: wait"},
+      {"wait 1000001", "usage: wait"},
+      {"until Form1.X is \"a\" within 1e17", "usage: until"},
+      {"' " + std::string(10000, 'x'), "the line is too long"},
       {"until Form1.X is \"a\"", "usage: until"},
       {"expect Form1.X was \"a\"", "usage: expect"},
       {"machine", "usage: machine"},
