@@ -50,6 +50,15 @@ class DropMark final : public QWidget {
   }
 };
 
+// The window's inside. It opens with room for the whole menu bar, and can be made smaller.
+class MainArea final : public QWidget {
+ public:
+  explicit MainArea(QWidget* parent) : QWidget(parent) {
+    setMinimumSize(Em(*this) * 36, Em(*this) * 20);
+  }
+  QSize sizeHint() const override { return {Em(*this) * 84, Em(*this) * 48}; }
+};
+
 void AddLinkRow(ui::Form& form, QWidget& view, QBoxLayout& rows) {
   QWidget* const state = MakeWidget<ui::Label>(form, "LblLink", -1, &view);
   QWidget* const port = MakeWidget<ui::Label>(form, "LblLinkPort", -1, &view);
@@ -127,7 +136,7 @@ void AddDebugFrame(ui::Form& form, QWidget& view, QBoxLayout& rows) {
 }  // namespace
 
 QWidget* MakeForm1View(ui::Form& form, QWidget* parent) {
-  auto* const view = new QWidget(parent);
+  auto* const view = new MainArea(parent);
   auto* const rows = new QVBoxLayout(view);
   const int margin = Em(*view);
   rows->setContentsMargins(margin, margin, margin, margin);
@@ -135,7 +144,6 @@ QWidget* MakeForm1View(ui::Form& form, QWidget* parent) {
   AddLinkRow(form, *view, *rows);
   AddPanels(form, *view, *rows);
   AddDebugFrame(form, *view, *rows);
-  view->setMinimumSize(Em(*view) * 36, Em(*view) * 20);
   return view;
 }
 
