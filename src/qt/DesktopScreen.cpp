@@ -131,11 +131,12 @@ void DesktopScreen::StandInFront(FormWindow& window) const {
 
 // The program may block for seconds from here on, and the window must be on the glass by then.
 void DesktopScreen::WaitUntilSeen(const FormWindow& window) {
+  const QScopedValueRollback<int> nested(depth_, depth_ + 1);
   QTimer end;
   end.setSingleShot(true);
   end.start(Milliseconds(kLongestWayToTheGlass));
   const QWindow* handle = window.windowHandle();
-  while (end.isActive() && !(handle->isExposed() || window.isMinimized())) {
+  while (end.isActive() && window.isVisible() && !window.isMinimized() && !handle->isExposed()) {
     Process(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
   }
   Process(QEventLoop::ExcludeUserInputEvents);
