@@ -21,17 +21,37 @@ constexpr std::array kKinds = {
     FaultKind{Fault::Refuse, "refuse", Times, 0, true, "answers R"},
     FaultKind{Fault::Fail, "fail", Times, 0, true, "accepts, and tells N in place of K"},
     FaultKind{Fault::Echo, "echo", Times, 0, true, "gives back a wrong argument"},
+    FaultKind{Fault::Twice, "twice", Times, 0, true, "gives the answer two times"},
+    FaultKind{Fault::Foreign, "foreign", Times, 0, true, "gives the answer of another command"},
     FaultKind{Fault::Cancel, "cancel", Block, 2, false, "breaks a transfer off with two CAN"},
+    FaultKind{Fault::OneCancel, "one-can", Block, 2, false,
+              "puts one CAN in front of a block or ACK"},
+    FaultKind{Fault::Bel, "bel", Block, 1, false, "breaks off with BEL for a block or its request"},
     FaultKind{Fault::Stall, "stall", Block, 2, false, "falls silent in a transfer"},
     FaultKind{Fault::BadBlock, "bad-block", Block, 2, false, "spoils the check of one block"},
+    FaultKind{Fault::BadComplement, "bad-complement", Block, 2, false,
+              "spoils the complement of a block's number"},
+    FaultKind{Fault::SkipBlock, "skip-block", Block, 2, false,
+              "leaves one block out, or takes it for received"},
+    FaultKind{Fault::RepeatBlock, "repeat-block", Block, 2, false,
+              "sends one block again, or asks for it again"},
+    FaultKind{Fault::Nak, "nak", Block, 2, false, "answers one good block with NAK"},
     FaultKind{Fault::LoseAck, "lose-ack", Block, 2, false, "loses one acknowledgement"},
+    FaultKind{Fault::DoubleAck, "double-ack", Block, 2, false, "acknowledges one block two times"},
+    FaultKind{Fault::LoseEot, "lose-eot", Times, 1, false, "loses the end of a transfer"},
+    FaultKind{Fault::NakEot, "nak-eot", Times, 1, false, "answers the end of a transfer with NAK"},
     FaultKind{Fault::NoEnd, "no-end", None, 0, false, "gives no K behind a transfer"},
     FaultKind{Fault::CorruptConfig, "corrupt-config", None, 0, false,
               "sends a configuration that must be refused"},
     FaultKind{Fault::Drop, "drop", Rate, 0.01, false, "loses bytes, both ways"},
     FaultKind{Fault::Garble, "garble", Rate, 0.01, false, "changes bytes, both ways"},
+    FaultKind{Fault::Flip, "flip", Rate, 0.01, false, "changes one bit of bytes, both ways"},
+    FaultKind{Fault::Insert, "insert", Rate, 0.01, false, "puts bytes in, both ways"},
     FaultKind{Fault::Double, "double", Rate, 0.01, false, "repeats bytes, both ways"},
-    FaultKind{Fault::Unplug, "unplug", Seconds, 0, false, "takes the line off after that time"},
+    FaultKind{Fault::Babble, "babble", Moment, 0, false, "sends without end from then on"},
+    FaultKind{Fault::Reset, "reset", Moment, 0, false, "resets itself then"},
+    FaultKind{Fault::Unplug, "unplug", Moment, 0, false, "takes the line off then"},
+    FaultKind{Fault::Replug, "replug", Seconds, 5, false, "puts it back so long after"},
 };
 
 const FaultKind* FindKind(std::string_view name) {
@@ -54,6 +74,14 @@ std::optional<double> ReadValue(const FaultKind& kind, std::string_view word) {
   return value;
 }
 
+// "@12" as 12; 0 if the word is no place of a fault of this kind.
+std::size_t ReadPlace(const FaultKind& kind, std::string_view word) {
+  constexpr double kFarthest = 1e9;
+  if (word.front() != '@' || (kind.Value != Rate && kind.Value != Moment)) return 0;
+  const std::optional<double> place = WholeNumber(word.substr(1));
+  return place && *place >= 1 && *place <= kFarthest ? static_cast<std::size_t>(*place) : 0;
+}
+
 }  // namespace
 
 std::span<const FaultKind> FaultKinds() { return kKinds; }
@@ -71,27 +99,49 @@ std::string FaultSet::Set(const std::vector<std::string>& words) {
   for (std::size_t i = 1; i < words.size(); ++i) {
     if (words[i] == "off") {
       off = true;
-    } else if (words[i].front() == '#') {
-      if (!kind->PerCommand) return "fault " + words.front() + ": not for a single command";
-      active.Command = CommandName(words[i]);
-    } else if (const std::optional<double> value = ReadValue(*kind, words[i])) {
-      active.Value = *value;
-    } else {
+    } else if (!TakeWord(*kind, words[i], active)) {
       return "fault " + words.front() + ": wrong value " + words[i];
     }
   }
   std::erase_if(active_, [&](const Active& other) {
-    return other.Id == active.Id && (off || other.Command == active.Command);
+    const bool replaced = active.Place == 0 && other.Command == active.Command;
+    return other.Id == active.Id && (off || replaced);
   });
   if (!off) active_.push_back(std::move(active));
   return {};
 }
 
+bool FaultSet::TakeWord(const FaultKind& kind, const std::string& word, Active& active) const {
+  if (word.front() == '#') {
+    active.Command = CommandName(word);
+    return kind.PerCommand;
+  }
+  if (const std::size_t place = ReadPlace(kind, word)) {
+    active.Place = bytes_ + place;
+    return true;
+  }
+  const std::optional<double> value = ReadValue(kind, word);
+  active.Value = value.value_or(active.Value);
+  return value.has_value();
+}
+
 std::optional<double> FaultSet::Value(Fault fault) const {
   for (const Active& active : active_) {
-    if (active.Id == fault && active.Command.empty()) return active.Value;
+    if (active.Id == fault && active.Command.empty() && active.Place == 0) return active.Value;
   }
   return std::nullopt;
+}
+
+bool FaultSet::Hits(Fault fault, Dice& dice) {
+  for (auto active = active_.begin(); active != active_.end(); ++active) {
+    if (active->Id != fault) continue;
+    if (active->Place == 0 && dice.Throw(active->Value)) return true;
+    if (active->Place == bytes_) {
+      active_.erase(active);
+      return true;
+    }
+  }
+  return false;
 }
 
 std::optional<double> FaultSet::Strike(Fault fault, std::string_view mnemonic,
@@ -110,6 +160,13 @@ std::optional<double> FaultSet::Strike(Fault fault, std::string_view mnemonic,
 
 void FaultSet::Clear(Fault fault) {
   std::erase_if(active_, [fault](const Active& active) { return active.Id == fault; });
+}
+
+// Neighbouring seeds are spread by the golden ratio, for a state that differs in few bits gives
+// throws that differ little at first. The state must not be 0.
+void Dice::Seed(std::uint32_t seed) {
+  state_ = (seed * 2654435769U) ^ kState;
+  if (state_ == 0) state_ = kState;
 }
 
 // Marsaglia's xorshift generator with 32 bits of state.

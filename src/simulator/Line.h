@@ -43,6 +43,9 @@ class Wire {
   // Starts to send the bytes at `now`, behind those that are still being sent.
   void Put(std::string_view bytes, double now);
 
+  // When the last byte put in has arrived, or arrived.
+  double Free() const { return free_; }
+
   // When the next byte arrives; kNever if none is under way.
   double NextArrival() const { return bytes_.empty() ? kNever : bytes_.front().Due; }
 
@@ -61,7 +64,7 @@ class Wire {
   };
 
   double byteSeconds_ = LineFormat{}.ByteSeconds();
-  double free_ = -kNever;  // when the last byte put in has left the wire
+  double free_ = -kNever;
   std::deque<Travelling> bytes_;
 };
 

@@ -48,7 +48,7 @@ void Machine::Detach() {
 
 void Machine::Write(std::string_view bytes) {
   Live();
-  if (attached_ && plugged_) toMachine_.Put(Spoiled(bytes), now_);
+  if (attached_ && plugged_) Carry(toMachine_, bytes);
 }
 
 std::string Machine::Read() {
@@ -67,7 +67,8 @@ bool Machine::Plugged() {
 }
 
 double Machine::NextOwnEvent() const {
-  double next = std::min(toMachine_.NextArrival(), pullAt_);
+  double next = toMachine_.NextArrival();
+  if (!accidents_.empty()) next = std::min(next, accidents_.front().When);
   if (!pending_.empty()) next = std::min(next, pending_.front().When);
   if (transfer_) next = std::min(next, transfer_->Deadline());
   return next;
@@ -85,7 +86,11 @@ void Machine::Live() {
 }
 
 void Machine::Step() {
-  if (pullAt_ <= now_) return Pull();
+  if (!accidents_.empty() && accidents_.front().When <= now_) {
+    const Fault what = accidents_.front().What;
+    accidents_.erase(accidents_.begin());
+    return Befall(what);
+  }
   if (toMachine_.NextArrival() <= now_) return Hear(toMachine_.TakeNext());
   if (transfer_ && transfer_->Deadline() <= now_) {
     transfer_->Tick(now_);
@@ -107,38 +112,7 @@ void Machine::Hear(unsigned char byte) {
 }
 
 void Machine::Emit(std::string_view bytes) {
-  if (attached_ && plugged_) fromMachine_.Put(Spoiled(bytes), now_);
-}
-
-// What becomes of bytes on the way over the line, in either direction.
-std::string Machine::Spoiled(std::string_view bytes) {
-  if (line_ == SerialLine::None) {
-    std::string rubbish(bytes);
-    for (char& byte : rubbish) byte = static_cast<char>(dice_.Byte() | 0x80U);
-    return rubbish;
-  }
-  const double drop = faults_.Value(Fault::Drop).value_or(0);
-  const double garble = faults_.Value(Fault::Garble).value_or(0);
-  const double twice = faults_.Value(Fault::Double).value_or(0);
-  if (drop <= 0 && garble <= 0 && twice <= 0) return std::string(bytes);
-  std::string spoiled;
-  for (const char byte : bytes) {
-    if (dice_.Throw(drop)) continue;
-    const unsigned change = dice_.Throw(garble) ? dice_.Byte() : 0U;
-    spoiled.append(dice_.Throw(twice) ? 2 : 1,
-                   static_cast<char>(static_cast<unsigned char>(byte) ^ change));
-  }
-  return spoiled;
-}
-
-void Machine::Pull() {
-  pullAt_ = kNever;
-  if (!plugged_) return;
-  plugged_ = false;
-  attached_ = false;
-  ++pulls_;
-  toMachine_.Clear();
-  fromMachine_.Clear();
+  if (attached_ && plugged_) Carry(fromMachine_, bytes);
 }
 
 }  // namespace tintbench::simulator

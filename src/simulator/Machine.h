@@ -87,6 +87,12 @@ class Machine {
     Task Then;
   };
 
+  // What befalls the machine or its line at a time: a fault that has a moment.
+  struct Accident {
+    double When;
+    Fault What;
+  };
+
   void Live();
   void Tune(const LineFormat& format);
   double NextOwnEvent() const;
@@ -97,7 +103,8 @@ class Machine {
   void Disturb(Reply& reply, std::string_view mnemonic, const std::string& text);
   void Schedule(double when, std::string answer, Task then);
   void Emit(std::string_view bytes);
-  std::string Spoiled(std::string_view bytes);
+  void Carry(Wire& wire, std::string_view bytes);
+  std::string Spoiled(char byte);
   void Begin(Task task);
   void BeginTransfer(std::unique_ptr<Transfer> transfer, Task task);
   void AfterTransfer();
@@ -106,6 +113,10 @@ class Machine {
   TransferFaults FaultsOfTransfer() const;
   std::string ConfigurationToSend() const;
   void Restart(double seconds);
+  void Expect(Fault what, double when);
+  void Forget(Fault what);
+  void Befall(Fault what);
+  void Babble();
   void Pull();
 
   // The words of `Tell` that are about the machine as a whole; false for words that make no sense.
@@ -119,6 +130,7 @@ class Machine {
   bool SwitchPower(const Words& words);
   bool SetFirmware(const Words& words);
   bool SetXmodem(const Words& words);
+  bool SetSeed(const Words& words);
 
   const base::Clock& clock_;
   MachineOptions options_;
@@ -133,8 +145,8 @@ class Machine {
   bool attached_ = false;
   bool masterService_ = false;  // the master line may give commands
   bool plugged_ = true;
-  double pullAt_ = kNever;
   std::size_t pulls_ = 0;
+  std::vector<Accident> accidents_;  // by time
 
   CommandReader reader_;
   std::deque<Pending> pending_;  // by time

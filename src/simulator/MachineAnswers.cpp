@@ -41,6 +41,12 @@ Reply AnswerTo(Plant& plant, const Frame& frame, const CommandRow* row, double n
   return Fits(*row, argument) ? row->Run(plant, argument, now) : Refused();
 }
 
+// What the machine says to a status enquiry; to that one, which firmware it has.
+std::string ForeignAnswer(Plant& plant, std::string_view name, double now) {
+  const CommandRow* other = FindCommand(name == "S" ? "JF" : "S");
+  return other->Run(plant, {}, now).Text;
+}
+
 void GiveWrongEcho(std::string& text) {
   if (text.size() > 1 && AllDigits(text.substr(1, 1))) {
     text[1] = static_cast<char>('0' + '9' - text[1]);
@@ -72,6 +78,7 @@ void Machine::Obey(const Frame& frame) {
 // Schedules the answer, with the faults that lie on it.
 void Machine::Disturb(Reply& reply, std::string_view name, const std::string& text) {
   std::string& answer = reply.Text;
+  if (faults_.Strike(Fault::Foreign, name, text)) answer = ForeignAnswer(plant_, name, now_);
   double when = now_ + reply.AfterSeconds;
   if (faults_.Strike(Fault::Fail, name, text) && answer.size() > 1 && answer.back() == 'K') {
     answer.back() = 'N';
@@ -83,6 +90,7 @@ void Machine::Disturb(Reply& reply, std::string_view name, const std::string& te
   if (const auto more = faults_.Strike(Fault::Long, name, text)) {
     answer.append(static_cast<std::size_t>(std::min(*more, 1000.0)), 'X');
   }
+  if (faults_.Strike(Fault::Twice, name, text)) answer += answer;
   if (const auto late = faults_.Strike(Fault::Late, name, text)) when += *late;
   if (const auto pause = faults_.Strike(Fault::Pause, name, text)) {
     Schedule(when, answer.substr(0, answer.size() / 2), Task::None);

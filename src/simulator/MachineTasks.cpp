@@ -65,6 +65,7 @@ void Machine::Restart(double seconds) {
   transfer_.reset();
   reader_.Clear();
   masterService_ = false;
+  Forget(Fault::Babble);
   plant_.Settle(now_);
   plant_.Reset(now_);
   readyAt_ = now_ + seconds + GroupSeconds(plant_.Config);
@@ -116,8 +117,24 @@ void Machine::EndLoading(const std::string& part) {
 }
 
 TransferFaults Machine::FaultsOfTransfer() const {
-  return {Place(faults_.Value(Fault::Cancel)), Place(faults_.Value(Fault::Stall)),
-          Place(faults_.Value(Fault::BadBlock)), Place(faults_.Value(Fault::LoseAck))};
+  const auto place = [this](Fault fault) { return Place(faults_.Value(fault)); };
+  const auto times = [this](Fault fault) {
+    const std::optional<double> value = faults_.Value(fault);
+    return value == 0.0 ? static_cast<std::size_t>(kEndless) : Place(value);
+  };
+  return {.CancelAt = place(Fault::Cancel),
+          .OneCancelAt = place(Fault::OneCancel),
+          .BelAt = place(Fault::Bel),
+          .StallAt = place(Fault::Stall),
+          .BadBlockAt = place(Fault::BadBlock),
+          .BadComplementAt = place(Fault::BadComplement),
+          .SkipAt = place(Fault::SkipBlock),
+          .RepeatAt = place(Fault::RepeatBlock),
+          .NakAt = place(Fault::Nak),
+          .LoseAckAt = place(Fault::LoseAck),
+          .DoubleAckAt = place(Fault::DoubleAck),
+          .LostEots = times(Fault::LoseEot),
+          .RefusedEots = times(Fault::NakEot)};
 }
 
 // A line of the tag "@@@@" marks a file that isn't to be used.

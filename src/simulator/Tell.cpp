@@ -32,7 +32,9 @@ std::string_view ValueName(FaultValue value) {
     case FaultValue::Block:
       return "block";
     case FaultValue::Rate:
-      return "rate 0..1";
+      return "rate 0..1, @N";
+    case FaultValue::Moment:
+      return "seconds, @N";
   }
   return "";
 }
@@ -64,6 +66,7 @@ std::span<const Machine::Word> Machine::MachineWords() {
       Word{"firmware", "firmware TEXT", "changes the version", &Machine::SetFirmware},
       Word{"xmodem", "xmodem crc|checksum|128|1024", "check as receiver, block size as sender",
            &Machine::SetXmodem},
+      Word{"seed", "seed N", "begins the throws of random faults anew", &Machine::SetSeed},
   };
   return kWords;
 }
@@ -96,36 +99,15 @@ std::string Machine::TellHelp() {
   }
   help += Column("fault NAME [VALUE] [#COMMAND*] | NAME off", kUsageWidth) + "see below\n";
   help += Column("fault none", kUsageWidth) + "switches all faults off\n\n";
-  help += "Faults (those marked * can be restricted to one command, as in refuse #cr*):\n";
+  help +=
+      "Faults (those marked * can be restricted to one command, as in refuse #cr*; @N is the\n"
+      "N-th byte on the line from then on, whichever way it goes):\n";
   for (const FaultKind& kind : FaultKinds()) {
     help += Column(std::string(kind.Name) + (kind.PerCommand ? " *" : ""), kNameWidth) +
-            Column(ValueName(kind.Value), 11) + Column(Usual(kind), 7) + std::string(kind.Help) +
+            Column(ValueName(kind.Value), 14) + Column(Usual(kind), 7) + std::string(kind.Help) +
             "\n";
   }
   return help;
-}
-
-// The line comes off by the clock, once; the fault isn't kept.
-std::string Machine::SetFault(const Words& words) {
-  std::string error = faults_.Set(words);
-  if (words == Words{"none"} || words == Words{"unplug", "off"}) pullAt_ = kNever;
-  if (const auto seconds = faults_.Value(Fault::Unplug)) {
-    pullAt_ = now_ + *seconds;
-    faults_.Clear(Fault::Unplug);
-  }
-  return error;
-}
-
-bool Machine::UnplugLine(const Words& words) {
-  if (!words.empty()) return false;
-  Pull();
-  return true;
-}
-
-bool Machine::PlugLine(const Words& words) {
-  if (!words.empty()) return false;
-  plugged_ = true;
-  return true;
 }
 
 bool Machine::PressReset(const Words& words) {

@@ -28,6 +28,12 @@ std::string CheckOf(std::string_view data, bool crc) {
   return std::string(1, static_cast<char>(sum & 0xFFU));
 }
 
+bool Strikes(std::size_t& fault, std::size_t block) {
+  if (fault == 0 || fault != block) return false;
+  fault = 0;
+  return true;
+}
+
 std::string Transfer::TakeOutput() { return std::exchange(output_, {}); }
 
 void Transfer::Finish(TransferEnd end) {
@@ -38,6 +44,11 @@ void Transfer::Finish(TransferEnd end) {
 void Transfer::CancelFromHere() {
   Emit(kCan);
   Emit(kCan);
+  Finish(TransferEnd::Failed);
+}
+
+void Transfer::RefuseFromHere() {
+  Emit(kBel);
   Finish(TransferEnd::Failed);
 }
 

@@ -16,14 +16,26 @@ std::uint16_t Crc16(std::string_view bytes);
 
 enum class TransferEnd { Running, Good, Failed };
 
-// Faults of one transfer, by the count of the block from 1; 0 for none. The acknowledgement of
-// the end of file counts as one block more.
+// Faults of one transfer, by the count of the block from 1; 0 for none. The end of file and its
+// acknowledgement count as one block more.
 struct TransferFaults {
   std::size_t CancelAt = 0;
+  std::size_t OneCancelAt = 0;
+  std::size_t BelAt = 0;
   std::size_t StallAt = 0;
   std::size_t BadBlockAt = 0;
+  std::size_t BadComplementAt = 0;
+  std::size_t SkipAt = 0;
+  std::size_t RepeatAt = 0;
+  std::size_t NakAt = 0;
   std::size_t LoseAckAt = 0;
+  std::size_t DoubleAckAt = 0;
+  std::size_t LostEots = 0;  // so many ends of file are neither sent nor heard
+  std::size_t RefusedEots = 0;
 };
+
+// True if the fault lies on this block; it is over then.
+bool Strikes(std::size_t& fault, std::size_t block);
 
 class Transfer {
  public:
@@ -43,6 +55,7 @@ class Transfer {
   void Emit(std::string_view bytes) { output_.append(bytes); }
   void Finish(TransferEnd end);
   void CancelFromHere();
+  void RefuseFromHere();
   // True at the second CAN in a row.
   bool IsSecondCancel(unsigned char byte);
 
@@ -69,7 +82,7 @@ class XmodemSender final : public Transfer {
   void Acknowledged(double now);
   void Send(double now);
   void Again(double now);
-  std::string Framed(std::string_view data) const;
+  std::string Framed(std::string_view data);
 
   std::string text_;
   std::size_t blockSize_;
@@ -100,7 +113,9 @@ class XmodemReceiver final : public Transfer {
   enum class State { Header, Block, Drain, Stalled };
 
   void Header(unsigned char byte, double now);
+  void EndOfFile();
   void BlockDone(double now);
+  void TakeNext(double now);
   bool BlockGood() const;
   void Ask(double now);
   void Acknowledge(double now);

@@ -11,6 +11,7 @@ inline constexpr char kSoh = 1;
 inline constexpr char kStx = 2;
 inline constexpr char kEot = 4;
 inline constexpr char kAck = 6;
+inline constexpr char kBel = 7;
 inline constexpr char kNak = 21;
 inline constexpr char kCan = 24;
 inline constexpr char kPad = 26;

@@ -42,20 +42,29 @@ void XmodemReceiver::Receive(unsigned char byte, double now) {
 void XmodemReceiver::Header(unsigned char byte, double now) {
   if (IsSecondCancel(byte)) return Finish(TransferEnd::Failed);
   const char header = static_cast<char>(byte);
-  if (header == kEot) {
-    if (faults_.LoseAckAt == blocks_ + 1) {
-      faults_.LoseAckAt = 0;
-      return;
-    }
-    Emit(kAck);
-    return Finish(TransferEnd::Good);
-  }
+  if (header == kEot) return EndOfFile();
   if (header != kSoh && header != kStx) return;
   blockSize_ = header == kSoh ? kShortBlock : kLongBlock;
   started_ = true;
   frame_.clear();
   state_ = State::Block;
   deadline_ = now + kByteSeconds;
+}
+
+void XmodemReceiver::EndOfFile() {
+  if (faults_.LostEots > 0) {
+    --faults_.LostEots;
+    return;
+  }
+  if (faults_.RefusedEots > 0) {
+    --faults_.RefusedEots;
+    return Emit(kNak);
+  }
+  if (Strikes(faults_.LoseAckAt, blocks_ + 1)) return;
+  if (Strikes(faults_.OneCancelAt, blocks_ + 1)) Emit(kCan);
+  Emit(kAck);
+  if (Strikes(faults_.DoubleAckAt, blocks_ + 1)) Emit(kAck);
+  Finish(TransferEnd::Good);
 }
 
 bool XmodemReceiver::BlockGood() const {
@@ -67,21 +76,27 @@ bool XmodemReceiver::BlockGood() const {
 }
 
 void XmodemReceiver::BlockDone(double now) {
-  const bool spoiled = faults_.BadBlockAt == blocks_ + 1;
-  if (spoiled) faults_.BadBlockAt = 0;
-  if (spoiled || !BlockGood()) {
+  const std::size_t next = blocks_ + 1;
+  if (Strikes(faults_.BadBlockAt, next) || Strikes(faults_.BadComplementAt, next) || !BlockGood()) {
     state_ = State::Drain;
     deadline_ = now + kQuietSeconds;
     return;
   }
   const unsigned number = static_cast<unsigned char>(frame_[0]);
-  if (number == ((blocks_ + 1) & 0xFFU)) {
-    if (blocks_ + 1 == faults_.CancelAt || text_.size() > kLongest) return CancelFromHere();
-    ++blocks_;
-    text_.append(frame_, kNumbers, blockSize_);
-  } else if (blocks_ == 0 || number != (blocks_ & 0xFFU)) {
-    return CancelFromHere();
-  }
+  if (number == (next & 0xFFU)) return TakeNext(now);
+  if (blocks_ == 0 || number != (blocks_ & 0xFFU)) return CancelFromHere();
+  Acknowledge(now);
+}
+
+void XmodemReceiver::TakeNext(double now) {
+  if (blocks_ + 1 == faults_.CancelAt || text_.size() > kLongest) return CancelFromHere();
+  state_ = State::Header;
+  deadline_ = now + kRequestSeconds;
+  if (Strikes(faults_.NakAt, blocks_ + 1)) return Emit(kNak);
+  if (Strikes(faults_.SkipAt, blocks_ + 1)) return Emit(kAck);
+  ++blocks_;
+  text_.append(frame_, kNumbers, blockSize_);
+  if (Strikes(faults_.RepeatAt, blocks_)) return Emit(kNak);
   Acknowledge(now);
 }
 
@@ -91,11 +106,13 @@ void XmodemReceiver::Acknowledge(double now) {
   deadline_ = now + kRequestSeconds;
   if (blocks_ == faults_.StallAt) {
     state_ = State::Stalled;
-  } else if (blocks_ == faults_.LoseAckAt) {
-    faults_.LoseAckAt = 0;
-  } else {
-    Emit(kAck);
+    return;
   }
+  if (faults_.BelAt == blocks_ + 1) return RefuseFromHere();
+  if (Strikes(faults_.LoseAckAt, blocks_)) return;
+  if (Strikes(faults_.OneCancelAt, blocks_)) Emit(kCan);
+  Emit(kAck);
+  if (Strikes(faults_.DoubleAckAt, blocks_)) Emit(kAck);
 }
 
 void XmodemReceiver::Tick(double now) {
@@ -106,6 +123,7 @@ void XmodemReceiver::Tick(double now) {
 
 void XmodemReceiver::Ask(double now) {
   if (++asked_ > mostRequests_) return CancelFromHere();
+  if (!started_ && faults_.BelAt == 1) return RefuseFromHere();
   if (!started_ && asked_ > kCrcRequests) crc_ = false;
   Emit(crc_ && !started_ ? kCrcRequest : kNak);
   deadline_ = now + kRequestSeconds;

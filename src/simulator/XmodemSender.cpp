@@ -9,7 +9,9 @@ namespace tintbench::simulator {
 namespace {
 
 constexpr double kStartSeconds = 60.0;  // the receiver's first request
-constexpr double kReplySeconds = 10.0;  // the reply to one block
+// The reply to one block. Receivers repeat their own last word after ten seconds; two repeats that
+// cross would leave the two sides a block apart.
+constexpr double kReplySeconds = 8.0;
 constexpr int kMostTries = 10;
 
 }  // namespace
@@ -35,10 +37,7 @@ void XmodemSender::Receive(unsigned char byte, double now) {
   }
   if (reply == kNak) return Again(now);
   if (reply != kAck) return;
-  if (faults_.LoseAckAt == block_) {
-    faults_.LoseAckAt = 0;
-    return;
-  }
+  if (Strikes(faults_.LoseAckAt, block_)) return;
   if (state_ == State::EndOfFile) return Finish(TransferEnd::Good);
   Acknowledged(now);
 }
@@ -54,16 +53,24 @@ void XmodemSender::Again(double now) {
 }
 
 void XmodemSender::Acknowledged(double now) {
-  ++block_;
   tries_ = 0;
+  if (Strikes(faults_.RepeatAt, block_)) return Send(now);
+  ++block_;
+  if (Strikes(faults_.SkipAt, block_)) ++block_;
   if (block_ == faults_.CancelAt) return CancelFromHere();
+  if (block_ == faults_.BelAt) return RefuseFromHere();
   state_ = block_ <= BlockCount() ? State::Block : State::EndOfFile;
   Send(now);
 }
 
 void XmodemSender::Send(double now) {
   deadline_ = now + kReplySeconds;
-  if (state_ == State::EndOfFile) return Emit(kEot);
+  if (Strikes(faults_.OneCancelAt, block_)) Emit(kCan);
+  if (state_ == State::EndOfFile) {
+    if (faults_.LostEots == 0) return Emit(kEot);
+    --faults_.LostEots;
+    return;
+  }
   const std::string block = Framed(std::string_view(text_).substr((block_ - 1) * blockSize_));
   if (block_ == faults_.StallAt) {
     Emit(std::string_view(block).substr(0, block.size() / 2));
@@ -73,7 +80,7 @@ void XmodemSender::Send(double now) {
   }
 }
 
-std::string XmodemSender::Framed(std::string_view rest) const {
+std::string XmodemSender::Framed(std::string_view rest) {
   std::string data(rest.substr(0, blockSize_));
   data.resize(blockSize_, kPad);
   const auto number = static_cast<unsigned char>(block_ & 0xFFU);
@@ -81,7 +88,8 @@ std::string XmodemSender::Framed(std::string_view rest) const {
                     static_cast<char>(255 - number)};
   frame += data;
   frame += CheckOf(data, crc_);
-  if (block_ == faults_.BadBlockAt && tries_ == 0) frame.back() = static_cast<char>(~frame.back());
+  if (Strikes(faults_.BadBlockAt, block_)) frame.back() = static_cast<char>(~frame.back());
+  if (Strikes(faults_.BadComplementAt, block_)) frame[2] = static_cast<char>(number);
   return frame;
 }
 

@@ -1,6 +1,7 @@
 // What can be told to the machine, its faults, and input that no machine should be given.
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <random>
 
@@ -48,6 +49,14 @@ TEST(TellTest, WrongWordsAreToldInOneLineAndChangeNothing) {
                             "fault late inf",
                             "fault cancel #cr*",
                             "fault no-end 3",
+                            "fault drop @0",
+                            "fault drop @1.5x",
+                            "fault unplug @",
+                            "fault silent @3",
+                            "fault replug @3",
+                            "seed",
+                            "seed -1",
+                            "seed one",
                             "power",
                             "firmware",
                             "xmodem 256",
@@ -91,6 +100,13 @@ TEST(TellTest, FaultsOfAnAnswer) {
                                    {"fault fail #do*", "#do01*", "A01N"},
                                    {"fault fail", "#uw0000*", "AN"},
                                    {"fault echo", "#a0102*", "A9102"},
+                                   {"fault twice #jf*", "#jf*", "A V 5.2A V 5.2"},
+                                   {"fault foreign #jf*", "#jf*", "K00"},
+                                   {"fault foreign", "#s*", "A V 5.2"},
+                                   {"fault drop @6", "#jf*", "AV 5.2"},
+                                   {"fault drop @1", "#jf*", ""},
+                                   {"fault double @5", "#jf*", "AA V 5.2"},
+                                   {"fault double @1", "#jf*", "A V 5.2"},
                                    {"fault none", "#s*", "K00"}}) {
     Desk desk;
     EXPECT_EQ(desk.Tell(fault.Words), "");
@@ -145,13 +161,95 @@ double Unhurt(const char* words) {
 
 TEST(TellTest, FaultsOfTheLineHurtAboutAsManyAnswersAsTheirRateSays) {
   const double expected = std::pow(0.98, 11);  // eleven bytes, both ways
-  for (const char* words : {"fault drop 0.02", "fault garble 0.02", "fault double 0.02"}) {
+  for (const char* words : {"fault drop 0.02", "fault garble 0.02", "fault flip 0.02",
+                            "fault insert 0.02", "fault double 0.02"}) {
     const double unhurt = Unhurt(words);
     EXPECT_NEAR(unhurt, expected, 0.1) << words;
     EXPECT_EQ(unhurt, Unhurt(words)) << "the same in every run";
   }
   EXPECT_EQ(Unhurt("fault drop 1"), 0.0);
   EXPECT_EQ(Unhurt("fault drop 0"), 1.0);
+}
+
+// How many bits of the text `a` are others in `b`, which is as long.
+int BitsApart(const std::string& a, const std::string& b) {
+  int bits = 0;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    bits += std::popcount(static_cast<unsigned char>(a[i] ^ b.at(i)));
+  }
+  return bits;
+}
+
+TEST(TellTest, FaultsAtPlacesStrikeEachItsByteAndNoOther) {
+  Desk desk;
+  desk.Tell("fault flip @5");
+  desk.Tell("fault flip @16");
+  desk.Tell("fault insert @27");
+  for (const int bits : {1, 1}) {
+    const std::string answer = desk.Ask("#jf*");
+    ASSERT_EQ(answer.size(), 7U);
+    EXPECT_EQ(BitsApart("A V 5.2", answer), bits);
+  }
+  const std::string longer = desk.Ask("#jf*");
+  EXPECT_EQ(longer.size(), 8U);
+  EXPECT_EQ(longer.substr(0, 1) + longer.substr(2), "A V 5.2") << "put in behind its place";
+  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
+}
+
+// What comes of so many enquiries on a line that changes bytes.
+std::string Changed(const char* seed) {
+  Desk desk;
+  desk.Tell(seed);
+  desk.Tell("fault garble 0.2");
+  std::string answers;
+  for (int i = 0; i < 20; ++i) answers += desk.Ask("#jf*", 0.2) + "|";
+  return answers;
+}
+
+TEST(TellTest, RandomFaultsFollowTheirSeed) {
+  EXPECT_EQ(Changed("seed 7"), Changed("seed 7"));
+  EXPECT_NE(Changed("seed 7"), Changed("seed 8"));
+}
+
+TEST(TellTest, AStreamWithoutEndComesFromItsPlaceOnAndEndsWithTheFault) {
+  Desk desk;
+  desk.Tell("fault babble @6");
+  desk.Port.Output("#jf*");
+  desk.Clock.Sleep(10.0);
+  const std::string stream = desk.Port.Input();
+  EXPECT_EQ(stream.substr(0, 8), "A V 5.2U");
+  EXPECT_NEAR(static_cast<double>(stream.size()), 10.0 * 1920, 100) << "as fast as the line goes";
+  desk.Tell("fault babble off");
+  desk.Listen();
+  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
+  desk.Tell("fault babble 1");
+  desk.Clock.Sleep(2.0);
+  EXPECT_NE(desk.Port.Input(), "");
+  desk.Tell("reset");
+  desk.Listen(10.0);
+  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
+}
+
+TEST(TellTest, TheLineComesOffAtItsByteAndIsPutBack) {
+  Desk desk;
+  desk.Tell("fault unplug @8");
+  desk.Tell("fault replug 4");
+  EXPECT_EQ(desk.Ask("#jf*", 0.0), "");
+  EXPECT_EQ(desk.Listen(0.1), "A V");
+  EXPECT_FALSE(desk.Port.PortOpen());
+  EXPECT_FALSE(desk.Port.PortOpen(true));
+  desk.Clock.Sleep(4.0);
+  EXPECT_FALSE(desk.Port.PortOpen()) << "what was pulled must be opened again";
+  EXPECT_TRUE(desk.Port.PortOpen(true));
+  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
+}
+
+TEST(TellTest, AResetInTheMiddleOfAnAnswerMakesTheMachineDeafForAWhile) {
+  Desk desk;
+  desk.Tell("fault reset @2");
+  EXPECT_EQ(desk.Ask("#jf*"), "");
+  desk.Clock.Sleep(10.0);
+  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
 }
 
 TEST(TellTest, ATransferSurvivesABadLine) {

@@ -124,12 +124,22 @@ struct TransferFault {
   const char* Sent;      // what a sending to it ends with
 };
 
+// A plain peer gives up at anything that isn't what it waits for.
 TEST(TransferTest, FaultsOfATransfer) {
   for (const TransferFault& fault :
        {TransferFault{"fault cancel 3", "failed: cancelled", "failed: cancelled"},
         TransferFault{"fault stall 2", "failed: silence", "failed: tries"},
         TransferFault{"fault bad-block 2", nullptr, "C"},
-        TransferFault{"fault lose-ack 2", nullptr, "C"}}) {
+        TransferFault{"fault bad-complement 2", nullptr, "C"},
+        TransferFault{"fault skip-block 2", "failed: cancelled", "failed: cancelled"},
+        TransferFault{"fault repeat-block 2", nullptr, "C"},
+        TransferFault{"fault nak 2", nullptr, "C"}, TransferFault{"fault lose-ack 2", nullptr, "C"},
+        TransferFault{"fault double-ack 2", nullptr, "C"},
+        TransferFault{"fault one-can 2", "failed: cancelled", "failed: cancelled"},
+        TransferFault{"fault bel 1", "failed: silence", "failed: no request"},
+        TransferFault{"fault lose-eot", nullptr, "C"},
+        TransferFault{"fault lose-eot 0", "failed: silence", "failed: end"},
+        TransferFault{"fault nak-eot 3", nullptr, "C"}}) {
     Desk desk;
     EXPECT_EQ(desk.Tell(fault.Words), "");
     desk.Ask("#ct*", 0.1);
