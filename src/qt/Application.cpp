@@ -49,6 +49,8 @@ Application::Application(ApplicationKind kind, int& count, char** arguments,
 
 Application::~Application() = default;
 
+void Application::ServeEvents() { QCoreApplication::processEvents(); }
+
 bool Application::HasDisplay() {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
   constexpr std::array<const char*, 3> kTellers{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};

@@ -22,6 +22,9 @@ class Application {
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
 
+  // Serves what is pending, for a program that shows no windows.
+  static void ServeEvents();
+
   // False if windows can't be shown because there is no display to show them on.
   static bool HasDisplay();
 

@@ -36,7 +36,11 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::AddBars() {
-  if (MenuBinder::HasMenus(*form_)) new MenuBinder(*form_, *menuBar());
+  if (MenuBinder::HasMenus(*form_)) {
+    // A desktop's own menu bar may have no place for a title that acts by itself.
+    menuBar()->setNativeMenuBar(false);
+    new MenuBinder(*form_, *menuBar());
+  }
   for (ui::Control* control : form_->Children()) {
     auto* bar = dynamic_cast<ui::StatusBar*>(control);
     if (bar != nullptr) Bind(*bar, *statusBar());

@@ -19,8 +19,11 @@ namespace {
 
 // A loss that no read reports is looked for this often while waiting, in milliseconds.
 constexpr int kLongestWaitMs = 250;
-// A line that takes nothing for so long has what it did not take dropped.
-constexpr int kDrainMs = 1000;
+// A line that takes nothing for so long beyond the time that the bytes need has what it did not
+// take dropped. In seconds.
+constexpr double kDrainPatience = 1.0;
+// Of a byte with start, parity and stop bits, rounded up.
+constexpr double kBitsOfAByte = 12.0;
 
 // What an open port reports while nothing is wrong. Control lines that a pseudo-terminal doesn't
 // have, and settings that it ignores, are no error.
@@ -206,7 +209,9 @@ void QtSerialPort::Output(std::string_view bytes) {
 }
 
 void QtSerialPort::Drain() {
-  const double end = clock_.Now() + kDrainMs / 1000.0;
+  const double needed = static_cast<double>(serial_.bytesToWrite()) * kBitsOfAByte /
+                        static_cast<double>(std::max(serial_.baudRate(), 1));
+  const double end = clock_.Now() + needed + kDrainPatience;
   while (serial_.bytesToWrite() > 0 && clock_.Now() < end) {
     if (!serial_.waitForBytesWritten(kLongestWaitMs) && IsLost()) return NoticeLoss();
   }

@@ -5,11 +5,13 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -167,11 +169,43 @@ TEST_F(RealPort, IsNobodyElses) {
   EXPECT_TRUE(second.PortOpen(true));
 }
 
+// Another program that holds the device until it is told to end.
+class Holder {
+ public:
+  explicit Holder(const std::string& device) {
+    EXPECT_EQ(::pipe(ready_), 0);
+    process_ = ::fork();
+    if (process_ == 0) {
+      const int line = ::open(device.c_str(), O_RDWR | O_NOCTTY);
+      ::flock(line, LOCK_EX);
+      static_cast<void>(::write(ready_[1], "x", 1) == 1);
+      for (;;) ::pause();
+    }
+    char byte = 0;
+    EXPECT_EQ(::read(ready_[0], &byte, 1), 1);
+  }
+  ~Holder() {
+    ::kill(process_, SIGKILL);
+    ::waitpid(process_, nullptr, 0);
+    for (const int end : ready_) ::close(end);
+  }
+  Holder(const Holder&) = delete;
+  Holder& operator=(const Holder&) = delete;
+
+  std::string Process() const { return "(process " + std::to_string(process_) + ")"; }
+
+ private:
+  int ready_[2] = {-1, -1};
+  pid_t process_ = -1;
+};
+
 TEST_F(RealPort, RespectsALockAndNamesItsHolder) {
-  const int held = ::open(far.Device().c_str(), O_RDWR | O_NOCTTY);
-  ASSERT_EQ(::flock(held, LOCK_EX), 0);
-  EXPECT_FALSE(port.PortOpen(true));
-  ::close(held);
+  {
+    const Holder holder(far.Device());
+    EXPECT_FALSE(port.PortOpen(true));
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find(holder.Process()), std::string::npos) << told[0];
+  }
   EXPECT_TRUE(port.PortOpen(true));
 }
 
