@@ -108,7 +108,7 @@ bool ParseOptions(const std::vector<std::string>& arguments, AppOptions& options
       error = option->Apply(arguments[++i], options);
     }
   }
-  if (error.empty()) error = Contradiction(options);
+  if (error.empty() && !options.Help && !options.Version) error = Contradiction(options);
   return error.empty();
 }
 

@@ -1,6 +1,5 @@
 // Reads the options, picks screen, clock, ports and data folder, builds the program and runs it.
 #include <iostream>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <optional>
@@ -33,11 +32,16 @@ int Complain(const std::string& what) {
 }
 
 // A script is text typed by hand; nothing near this size is one.
-constexpr std::size_t kLargestScript = 16U << 20U;
+constexpr std::size_t kLargestScript = 1U << 20U;
 
 std::optional<std::string> ReadScript(base::FileSystem& files, const std::string& file) {
   if (file != "-") return base::ReadFile(files, file, kLargestScript);
-  return std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+  std::string text;
+  for (char character = 0; std::cin.get(character);) {
+    if (text.size() == kLargestScript) return std::nullopt;
+    text += character;
+  }
+  return text;
 }
 
 // The serial line that the options ask for, with the machine behind it if that is simulated.
@@ -83,6 +87,7 @@ int RunOperator(const Run& run, const ui::OperatorScript& script) {
     teller = [&line](const std::string& words) { return line.Machine->Tell(words); };
   }
   ui::OperatorScreen screen(run.Clock, script, std::cout, std::cerr, teller);
+  if (!line.Machine) screen.Meanwhile = desktop::Application::ServeEvents;
   if (RunProgram(run, line, screen) == shell::Program::Result::NoPort) return kNoPort;
   return static_cast<int>(screen.Finish());
 }

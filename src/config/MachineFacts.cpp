@@ -211,20 +211,17 @@ bool FactsReader::TakeAnalogueInput(const Parameters& line) {
   return AddInput(kAnalogueInput, record, line.Unquoted(12));
 }
 
-// `addresses` is a run of two-digit hexadecimal group addresses. There are 32 of them, so a longer
-// list is as bad as one with a wrong address.
+// `addresses` is a run of two-digit hexadecimal group addresses. The groups before a bad one keep
+// the record.
 bool FactsReader::AddInput(InputKind kind, const std::string& record,
                            const std::string& addresses) {
-  std::array<std::size_t, kGroupAddresses> groups{};
-  const std::size_t count = addresses.size() / 2;
-  if (addresses.size() % 2 != 0 || count > groups.size()) return false;
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::string pair = addresses.substr(2 * i, 2);
+  if (addresses.size() % 2 != 0) return false;
+  for (std::size_t at = 0; at < addresses.size(); at += 2) {
+    const std::string pair = addresses.substr(at, 2);
     const auto group = base::IsHexadecimal(pair) ? base::LeadingHex(pair) : 0;
     if (group < 1 || group > kGroupAddresses) return false;
-    groups[i] = static_cast<std::size_t>(group);
+    facts_.GroupInputs[kind][static_cast<std::size_t>(group)] += record;
   }
-  for (std::size_t i = 0; i < count; ++i) facts_.GroupInputs[kind][groups[i]] += record;
   return true;
 }
 

@@ -50,7 +50,6 @@ int XmodemReceiver::ReceiveBlocks(int header) {
     if (good) {
       status = KeepBlock();
     } else {
-      session_.Report.ReportStatus(block);
       DrainLine();
     }
     if (status != kXmodemSuccessful) return status;

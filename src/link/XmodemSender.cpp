@@ -53,7 +53,7 @@ int XmodemSender::SendFile() {
   state.HeaderChar = large ? kXmodemStx : kXmodemSoh;
   const auto length = session_.Files.Length(state.FileName);
   const auto file = session_.Files.OpenToRead(state.FileName);
-  if (file == nullptr || !length) return session_.Cancel(kXmodemUnreadable);
+  if (file == nullptr || !length) return kXmodemUnreadable;
   const auto size = static_cast<std::uint64_t>(state.BlockSize);
   state.TotalBlocks = static_cast<std::int64_t>(*length / size + (*length % size != 0 ? 1 : 0));
   session_.Report.ReportStatus(kXmodemStarted, Progress());
@@ -67,7 +67,7 @@ int XmodemSender::SendBlocks(base::InputFile& file, std::uint64_t length) {
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(size, length));
     state.BlockData.assign(size, static_cast<char>(kXmodemSub));
     if (file.Read(state.BlockData.data(), wanted) != wanted) {
-      return session_.Cancel(kXmodemUnreadable);
+      return kXmodemUnreadable;
     }
     length -= wanted;
     ++state.BlockNumber;

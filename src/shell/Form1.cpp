@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kSeparatorTag = -1;
 constexpr int kHistoryTag = 0;
+constexpr const char* kEditLevelCaption = "Edit Level[ - ]";
 
 std::string_view LinkWords(int linkState) {
   constexpr std::array<std::string_view, 5> kWords{
@@ -48,8 +49,6 @@ void Form1::Form_QueryUnload(bool& cancel) {
     return;
   }
   ending_ = true;
-  Timer1.Interval = 0;
-  Timer1.Enabled = false;
   owner_.EndMainWindow();
 }
 
@@ -69,7 +68,7 @@ void Form1::ShowDebugLevel(int level) {
   }
   MMnuksvdbgEdit.Checked = !marked;
   MMnuksvdbgEdit.Caption =
-      BeforeBracket(MMnuksvdbgEdit.Caption) + (marked ? base::Bracketed("-") : shown);
+      marked ? kEditLevelCaption : BeforeBracket(MMnuksvdbgEdit.Caption) + shown;
   MnuKsvdbg.Caption = BeforeBracket(MnuKsvdbg.Caption) + shown;
   FrmDbg.Visible = level == link::kDebugCommands;
 }

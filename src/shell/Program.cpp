@@ -19,7 +19,7 @@ constexpr double kServiceLook = 0.05;
 
 // A debug level is a signed 16-bit number.
 int LevelOf(const std::string& text) {
-  const int level = base::LeadingInt(text);
+  const int level = base::IsNumeric(text) ? base::LeadingInt(text) : 0;
   return level < -32768 || level > 32767 ? 0 : level;
 }
 
@@ -123,6 +123,8 @@ void Program::LoadMainWindow() {
 
 void Program::EndMainWindow() {
   setup_.Clock.Sleep(kTickTime);
+  form1_.Timer1.Interval = 0;
+  form1_.Timer1.Enabled = false;
   if (serialMode_ == kMasterMode) ReturnService();
   ports_.CloseComPort();
   log_.CloseDebugLog();

@@ -12,8 +12,11 @@ namespace {
 
 // How often a script's condition is looked at while it waits, in seconds.
 constexpr double kLookInterval = 0.05;
-// How long a script may wait for a box that its next step answers, in seconds.
-constexpr double kBoxPatience = 120.0;
+// How often whoever drives the line is served while the script waits, in seconds.
+constexpr double kMeanwhileInterval = 0.25;
+// How long a script may wait for a box that its next step answers, in seconds: longer than any
+// process of the machine takes.
+constexpr double kBoxPatience = 3600.0;
 // At the script's end: how often, and how many times, the front window's close button is pressed.
 constexpr double kCloseInterval = 0.5;
 constexpr int kCloseTries = 120;
@@ -179,7 +182,12 @@ double OperatorScreen::NextWake() const {
   return now + kLookInterval;
 }
 
-void OperatorScreen::AwaitOperator(double when) { Time().SleepUntil(std::min(when, NextWake())); }
+void OperatorScreen::AwaitOperator(double when) {
+  const double wake = std::min(when, NextWake());
+  if (!Meanwhile) return Time().SleepUntil(wake);
+  Meanwhile();
+  Time().SleepUntil(std::min(wake, Time().Now() + kMeanwhileInterval));
+}
 
 void OperatorScreen::Appeared(Form&, bool) {
   // The machine's state at link-up is settled before the line is opened behind the splash.

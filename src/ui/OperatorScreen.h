@@ -31,6 +31,10 @@ class OperatorScreen final : public Screen {
   std::optional<std::string> Ask(const Question& question) override;
   std::optional<std::string> Ask(const FileRequest& request) override;
 
+  // Called some times a second while the script waits: whoever drives the line can notice there
+  // that it is lost, though nobody reads it.
+  std::function<void()> Meanwhile;
+
   // One unit a character.
   double TextWidth(const Form& form, std::string_view text) const override;
 
@@ -77,6 +81,7 @@ class OperatorScreen final : public Screen {
   void DoType(const Step& step);
   void DoPick(const Step& step);
   void DoTick(const Step& step);
+  void TickRow(const Step& step, Control& control, bool wanted);
   void DoClose(const Step& step);
   void DoWait(const Step& step);
   void DoUntil(const Step& step);

@@ -162,6 +162,7 @@ bool ReadKey(StepReader& reader) {
 
 bool ReadControl(StepReader& reader) { return reader.Target(1, 2); }
 bool ReadOneControl(StepReader& reader) { return reader.Target(2, 2); }
+bool ReadTicked(StepReader& reader) { return reader.Target(2, kMostNames); }
 bool ReadForm(StepReader& reader) { return reader.Target(1, 1); }
 bool ReadProperty(StepReader& reader) { return reader.Target(2, kMostNames); }
 
@@ -222,8 +223,8 @@ constexpr std::array<StepForm, 17> kStepForms{{
     {"press", StepKind::Press, ReadKey, "press KEY"},
     {"type", StepKind::Type, ReadType, "type Form.Control \"text\""},
     {"pick", StepKind::Pick, ReadPick, "pick Form.Control N or \"row\""},
-    {"tick", StepKind::Tick, ReadOneControl, "tick Form.Control"},
-    {"untick", StepKind::Untick, ReadOneControl, "untick Form.Control"},
+    {"tick", StepKind::Tick, ReadTicked, "tick Form.Control or Form.List.List(row)"},
+    {"untick", StepKind::Untick, ReadTicked, "untick Form.Control or Form.List.List(row)"},
     {"close", StepKind::Close, ReadForm, "close Form"},
     {"answer", StepKind::Answer, ReadAnswer, "answer OK|Cancel|Yes|No [is|has \"text\"]"},
     {"input", StepKind::Input, ReadReply, "input \"text\" or cancel [is|has \"prompt\"]"},

@@ -193,6 +193,10 @@ void OperatorScreen::DoTick(const Step& step) {
   Control* control = nullptr;
   if (!ResolveControl(step, control)) return;
   const bool wanted = step.Kind == StepKind::Tick;
+  if (step.Target.Names.size() > 2) {
+    TickRow(step, *control, wanted);
+    return;
+  }
   if (auto* box = dynamic_cast<CheckBox*>(control)) {
     if ((box->Value == kChecked) != wanted) box->Value = wanted ? kChecked : kUnchecked;
     return;
@@ -202,6 +206,19 @@ void OperatorScreen::DoTick(const Step& step) {
     return;
   }
   ScriptFails(&step, step.Target.Text + " can't be " + (wanted ? "ticked" : "unticked"));
+}
+
+// A row of a list with check marks, named as the script reads it.
+void OperatorScreen::TickRow(const Step& step, Control& control, bool wanted) {
+  auto* list = dynamic_cast<ListBox*>(&control);
+  const PathName& row = step.Target.Names.back();
+  const bool named = base::EqualFolded(row.Name, "List");
+  if (list == nullptr || !list->CheckMarks || !named || row.Index < 0 ||
+      row.Index >= list->ListCount()) {
+    ScriptFails(&step, step.Target.Text + " is no row with a check mark");
+    return;
+  }
+  list->Select(row.Index, wanted);
 }
 
 void OperatorScreen::DoClose(const Step& step) {

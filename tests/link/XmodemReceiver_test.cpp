@@ -145,7 +145,7 @@ TEST(XmodemReceiver, KeepsAllBytesAndCountsBlocksBeyond255) {
   EXPECT_EQ(bench.Window.Shown(), "FILE TRANSFER SUCCESSFUL|258/|33024|0|00");
 }
 
-TEST(XmodemReceiver, ShowsEachSetback) {
+TEST(XmodemReceiver, KeepsItsCaptionWhileABlockComesAgain) {
   XmodemBench bench;
   CaptionLog log(bench.Window.LblEstat);
   const std::string good = Block(2, kData);
@@ -155,8 +155,7 @@ TEST(XmodemReceiver, ShowsEachSetback) {
   PlayEnd(bench.Port);
   EXPECT_EQ(bench.Receive(bench.Folder.Path("file")), 0);
   EXPECT_EQ(log.Captions,
-            (std::vector<std::string>{"FILE TRANSFER IN PROGRESS", "ERROR 11", "ERROR 14",
-                                      "ERROR 16", "FILE TRANSFER SUCCESSFUL"}));
+            (std::vector<std::string>{"FILE TRANSFER IN PROGRESS", "FILE TRANSFER SUCCESSFUL"}));
 }
 
 TEST(XmodemReceiver, LeavesTheEarlierFileWhenTheThirdBlockFails) {

@@ -67,6 +67,7 @@ TEST(DebugLevel, OfTheCommandLineShowsItsMenuAndOpensTheLog) {
   const std::vector<LevelCase> cases{
       {"", false, "&Debug Level [ - ]", false},
       {"KSVDEBUG(0)", false, "&Debug Level [ - ]", false},
+      {"KSVDEBUG(15abc)", false, "&Debug Level [ - ]", false},
       {"KSVDEBUG(level)", false, "&Debug Level [ - ]", false},
       {"KSVDEBUG(7)", true, "&Debug Level [ 7 ] ", false},
       {"KSVDEBUG(15)", true, "&Debug Level [ 15 ] ", true},
@@ -81,6 +82,8 @@ TEST(DebugLevel, OfTheCommandLineShowsItsMenuAndOpensTheLog) {
       EXPECT_EQ(test.MainWindow().MnuKsvdbg.Enabled, wanted.MenuShown);
       EXPECT_EQ(test.MainWindow().MnuKsvdbg.Caption.Get(), wanted.Title);
       EXPECT_EQ(test.MainWindow().FrmDbg.Visible, wanted.LogMade);
+      EXPECT_EQ(test.MainWindow().MMnuksvdbgEdit.Caption.Get(),
+                wanted.Title == "&Debug Level [ 5 ] " ? "Edit Level[ 5 ] " : "Edit Level[ - ]");
     };
     test.Run(wanted.Line);
     EXPECT_EQ(test.Files.FileExists(test.Folder.Path("ksvdebug.txt")), wanted.LogMade);

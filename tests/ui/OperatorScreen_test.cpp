@@ -37,6 +37,7 @@ struct SampleForm : Form {
     CmdStop.Click = [this] { Stopped = true; };
     CmdGone.Visible = false;
     CmdGrey.Enabled = false;
+    LstRows.CheckMarks = true;
     LstRows.AddItem("first", 10);
     LstRows.AddItem("second", 20);
     Tabs.AddTab({"one", "@ONE", ""});
@@ -179,6 +180,13 @@ TEST_F(OperatorScreenTest, DoesItsStepsAndRefusesWhatAHandCouldNotDo) {
        "tick Sample.ChkOn\ntick Sample.ChkOn\nexpect Sample.ChkOn.Value is \"1\"\n"
        "untick Sample.ChkOn\nexpect Sample.ChkOn.Value is \"0\"",
        0, ""},
+      {"check marks",
+       "tick Sample.LstRows.List(1)\nexpect Sample.LstRows.Selected(1) is \"-1\"\n"
+       "expect Sample.LstRows.Selected(0) is \"0\"\nuntick Sample.LstRows.List(1)\n"
+       "expect Sample.LstRows.Selected(1) is \"0\"",
+       0, ""},
+      {"a check mark that isn't there", "tick Sample.LstRows.List(2)", 2,
+       "no row with a check mark"},
       {"option buttons",
        "tick Sample.OptA\ntick Sample.OptB\nexpect Sample.OptA.Value is \"0\"\n"
        "expect Sample.OptB.Value is \"-1\"",
