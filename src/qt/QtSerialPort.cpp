@@ -19,9 +19,10 @@ namespace {
 
 // A loss that no read reports is looked for this often while waiting, in milliseconds.
 constexpr int kLongestWaitMs = 250;
-// A line that takes nothing for so long beyond the time that the bytes need has what it did not
-// take dropped. In seconds.
+// A line that takes nothing for so long, in seconds, and for the time that the largest portion
+// needs in which a driver asks for more, has what it did not take dropped.
 constexpr double kDrainPatience = 1.0;
+constexpr double kLargestPortion = 512.0;
 // Of a byte with start, parity and stop bits, rounded up.
 constexpr double kBitsOfAByte = 12.0;
 
@@ -209,11 +210,13 @@ void QtSerialPort::Output(std::string_view bytes) {
 }
 
 void QtSerialPort::Drain() {
-  const double needed = static_cast<double>(serial_.bytesToWrite()) * kBitsOfAByte /
-                        static_cast<double>(std::max(serial_.baudRate(), 1));
-  const double end = clock_.Now() + needed + kDrainPatience;
-  while (serial_.bytesToWrite() > 0 && clock_.Now() < end) {
+  const double patience = kDrainPatience + kLargestPortion * kBitsOfAByte /
+                                               static_cast<double>(std::max(serial_.baudRate(), 1));
+  double end = clock_.Now() + patience;
+  for (qint64 left = serial_.bytesToWrite(); left > 0 && clock_.Now() < end;) {
     if (!serial_.waitForBytesWritten(kLongestWaitMs) && IsLost()) return NoticeLoss();
+    if (serial_.bytesToWrite() < left) end = clock_.Now() + patience;
+    left = serial_.bytesToWrite();
   }
   if (serial_.bytesToWrite() > 0) serial_.clear(QSerialPort::Output);
 }
