@@ -1,7 +1,7 @@
 // Speed at which the facts of a machine are drawn from its configuration file, on one to many
 // copies of the built-in machine's file in one, beside reading the same lines and dropping them;
 // and how the time grows with the size. A reader stops at 4 MiB, which is why the largest file has
-// fewer than a thousand copies.
+// about a thousand copies.
 #include <chrono>
 #include <cmath>
 #include <filesystem>

@@ -5,12 +5,11 @@
 #include <string_view>
 
 #include "base/Numbers.h"
+#include "link/ComPort.h"
 
 namespace tintbench::app {
 
 namespace {
-
-constexpr int kMostPorts = 8;
 
 struct Option {
   std::string_view Name;
@@ -23,7 +22,7 @@ std::string ApplyPort(const std::string& value, AppOptions& options) {
   const std::size_t equals = value.find('=');
   const std::string number = value.substr(0, equals);
   if (equals == std::string::npos || equals + 1 == value.size() || number.size() != 1 ||
-      number[0] < '1' || number[0] > '0' + kMostPorts) {
+      number[0] < '1' || number[0] > '0' + link::kMostPorts) {
     return "--port takes NUMBER=DEVICE with a number from 1 to 8, not \"" + value + "\"";
   }
   options.Ports[number[0] - '0'] = value.substr(equals + 1);

@@ -6,9 +6,6 @@ namespace tintbench::link {
 
 namespace {
 
-constexpr int kMostPorts = 8;
-// Above one Xmodem block of 1024 bytes with its header.
-constexpr int kBufferSize = 1048;
 // What an opening may stir up on the line has come by then, in seconds.
 constexpr double kSettleTime = 0.5;
 
@@ -41,8 +38,8 @@ std::string ComPort::FormatPortNumber(int number) {
 
 bool ComPort::OpenComPort(const std::string& port, const std::string& settings) {
   CloseComPort();
-  port_.InBufferSize(kBufferSize);
-  port_.OutBufferSize(kBufferSize);
+  port_.InBufferSize(kPortBufferSize);
+  port_.OutBufferSize(kPortBufferSize);
   port_.InputLen(0);
   port_.CommPort(base::LeadingInt(port));
   port_.Settings(settings);

@@ -10,6 +10,15 @@
 
 namespace tintbench::link {
 
+// Ports are numbered from 1 to this.
+inline constexpr int kMostPorts = 8;
+// Size of both buffers of the port: above one Xmodem block of 1024 bytes with its header.
+inline constexpr int kPortBufferSize = 1048;
+
+// Which of the machine's two serial lines the tool is on.
+inline constexpr const char* kServiceMode = "SERVICE";
+inline constexpr const char* kMasterMode = "MASTER";
+
 // Settings of the service line and of the machine's master line.
 inline constexpr const char* kServiceSettings = "19200,N,8,1";
 inline constexpr const char* kMasterSettings = "9600,N,8,1";

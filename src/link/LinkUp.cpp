@@ -20,8 +20,6 @@ constexpr int kOldFirmware = 3;
 constexpr int kFirstSlave = 1;
 // How long the machine may take over its letters around the configuration's transfer, in seconds.
 constexpr double kLetterTimeout = 5.0;
-constexpr double kServiceTimeout = 10.0;
-constexpr double kServiceLook = 0.05;
 
 }  // namespace
 
@@ -32,7 +30,7 @@ LinkUp::LinkUp(const LinkUpParts& parts, const base::AppPaths& paths, std::strin
       serialMode_(std::move(serialMode)),
       portKey_(std::move(portKey)) {}
 
-bool LinkUp::IsMaster() const { return serialMode_ == "MASTER"; }
+bool LinkUp::IsMaster() const { return serialMode_ == kMasterMode; }
 
 int LinkUp::LinkMachine(std::string& port, std::string& settings) {
   parts_.Status.FirmwareVersion = kNoFirmware;
@@ -133,12 +131,7 @@ bool LinkUp::OpenAndStartService(const std::string& port, const std::string& set
 bool LinkUp::StartMasterService(const std::string& port) {
   if (!parts_.Ports.OpenComPort(port, parts_.Port.Settings())) return false;
   parts_.Port.Output(MasterWireFrame(kStartOfService));
-  const double end = parts_.Clock.Now() + kServiceTimeout;
-  std::string answer;
-  while (answer.find(kFrameEnd) == std::string::npos && parts_.Clock.Now() < end) {
-    parts_.Screen.Idle(kServiceLook);
-    answer += parts_.Port.Input();
-  }
+  CollectUntilFrameEnd(parts_.Port, parts_.Screen);
   return true;
 }
 

@@ -4,6 +4,10 @@ namespace tintbench::link {
 
 namespace {
 
+// How long the machine may take, and how often the line is looked at meanwhile, in seconds.
+constexpr double kServiceTimeout = 10.0;
+constexpr double kServiceLook = 0.05;
+
 constexpr std::string_view kOpenCheck = "____";
 
 char HalfByteCharacter(unsigned value) { return static_cast<char>('0' + value); }
@@ -29,5 +33,15 @@ std::string MasterWireFrame(std::string_view text) {
 }
 
 std::string MasterStartAnswer() { return MasterWireFrame("01C1____000"); }
+
+std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen) {
+  const double end = screen.Time().Now() + kServiceTimeout;
+  std::string text;
+  while (text.find(kFrameEnd) == std::string::npos && screen.Time().Now() < end) {
+    screen.Idle(kServiceLook);
+    text += port.Input();
+  }
+  return text;
+}
 
 }  // namespace tintbench::link

@@ -5,6 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "link/SerialPort.h"
+#include "ui/Screen.h"
+
 namespace tintbench::link {
 
 inline constexpr char kFrameStart = '\x01';
@@ -20,6 +23,10 @@ std::string MakeMasterFrame(std::string_view text);
 
 // The frame as it goes on the wire: code 1, the filled text, code 3.
 std::string MasterWireFrame(std::string_view text);
+
+// Collects what comes until it holds the end of a frame, for ten seconds at the most, and serves
+// window events meanwhile.
+std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen);
 
 // What the machine answers to the start of service when it agrees, with codes 1 and 3.
 std::string MasterStartAnswer();

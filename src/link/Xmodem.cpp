@@ -5,6 +5,7 @@
 
 #include "base/AppPaths.h"
 #include "base/Paths.h"
+#include "link/ComPort.h"
 #include "link/DebugLog.h"
 #include "link/XmodemReceiver.h"
 #include "link/XmodemSender.h"
@@ -14,7 +15,6 @@ namespace tintbench::link {
 namespace {
 
 constexpr const char* kTraceFile = "xmdebug.log";
-constexpr int kPortBuffer = 1048;  // above one large block with its frame
 
 }  // namespace
 
@@ -90,8 +90,8 @@ void Xmodem::ReopenPort() {
   if (port_.PortOpen()) port_.PortOpen(false);
   port_.CommPort(chosen.CommPort);
   port_.Settings(chosen.Settings);
-  port_.InBufferSize(kPortBuffer);
-  port_.OutBufferSize(kPortBuffer);
+  port_.InBufferSize(kPortBufferSize);
+  port_.OutBufferSize(kPortBufferSize);
   port_.InputLen(1);
   port_.PortOpen(true);
 }

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "link/ComPort.h"
+
 namespace tintbench::desktop {
 
 namespace {
@@ -41,7 +43,7 @@ PortTable::PortTable(std::map<int, std::string> given) : given_(std::move(given)
   for (const QString& port : SystemPorts()) {
     if (used.contains(RealDevice(port))) continue;
     while (devices_.contains(number)) ++number;
-    if (number > kMostPorts) return;
+    if (number > link::kMostPorts) return;
     devices_[number] = port.toStdString();
   }
 }

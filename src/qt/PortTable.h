@@ -8,8 +8,6 @@ namespace tintbench::desktop {
 
 class PortTable {
  public:
-  static constexpr int kMostPorts = 8;
-
   // `given` are the devices that the operator has named by number. The other numbers from 1 to 8
   // are filled with the ports that the system lists, in natural order, each once.
   explicit PortTable(std::map<int, std::string> given);

@@ -14,8 +14,6 @@ namespace {
 constexpr double kSplashTime = 8.0;
 // A tick of the polling that runs when the window closes has ended by then, in seconds.
 constexpr double kTickTime = 0.8;
-constexpr double kServiceTimeout = 10.0;
-constexpr double kServiceLook = 0.05;
 
 // A debug level is a signed 16-bit number.
 int LevelOf(const std::string& text) {
@@ -125,7 +123,7 @@ void Program::EndMainWindow() {
   setup_.Clock.Sleep(kTickTime);
   form1_.Timer1.Interval = 0;
   form1_.Timer1.Enabled = false;
-  if (serialMode_ == kMasterMode) ReturnService();
+  if (serialMode_ == link::kMasterMode) ReturnService();
   ports_.CloseComPort();
   log_.CloseDebugLog();
 }
@@ -134,13 +132,7 @@ void Program::EndMainWindow() {
 // outcome.
 void Program::ReturnService() {
   setup_.Port.Output("#PY*");
-  const double start = base::RoundHalfEven(setup_.Clock.Now());
-  std::string answer;
-  while (answer.find(link::kFrameEnd) == std::string::npos &&
-         base::RoundHalfEven(setup_.Clock.Now()) - start < kServiceTimeout) {
-    setup_.Screen.Idle(kServiceLook);
-    answer += setup_.Port.Input();
-  }
+  const std::string answer = link::CollectUntilFrameEnd(setup_.Port, setup_.Screen);
   if (answer != "A") {
     setup_.Screen.Ask(
         {.Text = "ERROR in disactive service on MASTER SERIAL", .Icon = ui::BoxIcon::Exclamation});

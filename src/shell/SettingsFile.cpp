@@ -1,6 +1,7 @@
 #include "shell/SettingsFile.h"
 
 #include "base/Text.h"
+#include "link/ComPort.h"
 
 namespace tintbench::shell {
 
@@ -17,12 +18,12 @@ std::string ModeWord(const std::string& line) {
 
 std::string ReadSerialMode(base::FileSystem& files, const std::string& path) {
   base::LineReader reader(files, path);
-  if (!reader.IsOpen()) return kServiceMode;
+  if (!reader.IsOpen()) return link::kServiceMode;
   std::string mode;
   for (std::string line; reader.Next(line);) {
     const std::string word = ModeWord(line);
-    if (word == kServiceMode || word == kMasterMode) return word;
-    mode = kServiceMode;
+    if (word == link::kServiceMode || word == link::kMasterMode) return word;
+    mode = link::kServiceMode;
   }
   return mode;
 }

@@ -7,9 +7,6 @@
 
 namespace tintbench::shell {
 
-inline constexpr const char* kServiceMode = "SERVICE";
-inline constexpr const char* kMasterMode = "MASTER";
-
 // "MASTER" or "SERVICE", by the first line that names one of them; "SERVICE" if there is no file
 // or no such line. Empty for a file without any line, which counts as not "MASTER".
 std::string ReadSerialMode(base::FileSystem& files, const std::string& path);

@@ -37,7 +37,7 @@ struct StrangeFile {
   std::string Content;
   std::size_t Tail = 0;  // so often is the last character repeated
   // What the readers give:
-  std::string SerialMode = shell::kServiceMode;
+  std::string SerialMode = link::kServiceMode;
   bool Known = true;                         // it can be drawn on for the machine facts
   bool Full = Known;                         // it has no empty parameter
   int Groups = 0;                            // external groups
@@ -99,7 +99,7 @@ const StrangeFile kFiles[] = {
     {.Name = "LoneCarriageReturns", .Content = "SERIAL,x\rMASTER\r@GEN 1 1,,2\r@@@@ 1 1\r"},
     {.Name = "LoneLineFeeds",
      .Content = "\n\n" + std::string(kGoodLine) + "\n SERIAL , MASTER \n\n",
-     .SerialMode = shell::kMasterMode,
+     .SerialMode = link::kMasterMode,
      .Groups = 3},
     {.Name = "CarriageReturnInALineEnd", .Content = "MASTER\r\r\n@GEN 1\r\r\n"},
     {.Name = "AllBytes", .Content = AllBytes() + "\n" + AllBytes()},
