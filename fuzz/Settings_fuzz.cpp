@@ -7,6 +7,7 @@
 #include "Target.h"
 #include "app/AppOptions.h"
 #include "base/Text.h"
+#include "link/ComPort.h"
 #include "shell/CommandLineKeys.h"
 #include "shell/SettingsFile.h"
 
@@ -50,8 +51,8 @@ std::string ModeOf(const std::string& content, std::size_t readSize = 65536) {
 
 void CheckSettings(const std::string& content) {
   const std::string mode = ModeOf(content);
-  const bool master = mode == shell::kMasterMode;
-  Require(master || mode == shell::kServiceMode || mode.empty(), "there are two lines");
+  const bool master = mode == link::kMasterMode;
+  Require(master || mode == link::kServiceMode || mode.empty(), "there are two lines");
   Require(mode.empty() == content.empty(), "only a file without any line names none");
   Require(ModeOf(content, 3) == mode, "the reading's pace doesn't matter");
   Require(!master || base::ToUpper(content).find("MASTER") != std::string::npos,
@@ -60,7 +61,7 @@ void CheckSettings(const std::string& content) {
     const std::string lines = base::Join(base::SplitFields(content + "\n", "\n"), "\r\n");
     Require(content.empty() || ModeOf(lines + "\r\n") == mode, "both line ends mean the same");
   }
-  Require(ModeOf("serial , master\n" + content) == shell::kMasterMode, "the first word decides");
+  Require(ModeOf("serial , master\n" + content) == link::kMasterMode, "the first word decides");
 }
 
 }  // namespace
