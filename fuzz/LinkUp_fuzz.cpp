@@ -177,7 +177,7 @@ void Run(Bench& bench, MemoryFileSystem& files, bool emptyPort, const std::strin
   Require(port.Written().size() < kMostWritten, "the line isn't flooded");
   CheckFiles(files, port, linkState);
   const bool good = result == shell::Program::Result::Good;
-  const bool service = program.SerialMode() != shell::kMasterMode;
+  const bool service = program.SerialMode() != link::kMasterMode;
   const bool sound = bench.Sound && service && commandLine.empty() && !files.HasFailed();
   Require(!sound || linkState >= link::kConfigReceived, "a sound machine is linked to");
   const bool linked = linkState == link::kConfigKnown && program.Status().FirmwareNumber() >= 4;
