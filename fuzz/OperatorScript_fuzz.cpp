@@ -12,7 +12,7 @@ namespace {
 // A script that waits longer takes the fuzzer too long.
 constexpr double kLongestScript = 3600.0;
 // What one step may take besides its own waiting: the patience for a box, or the busy button.
-constexpr double kLongestStep = 130.0;
+constexpr double kLongestStep = 3700.0;
 
 struct Dialog : ui::Form {
   explicit Dialog(ui::Screen& screen) : Form("Dialog"), Shown(screen) {

@@ -84,7 +84,7 @@ class RealPort : public testing::Test {
   }
 
   base::RealClock clock;
-  FarEnd far{testing::TempDir() + "tintbench-port"};
+  FarEnd far{testing::TempDir() + "tintbench-port-" + std::to_string(getpid())};
   std::vector<std::string> told;
   QtSerialPort port = MakePort({{1, far.Device()}});
 };
