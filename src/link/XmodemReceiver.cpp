@@ -49,8 +49,8 @@ int XmodemReceiver::ReceiveBlocks(int header) {
     const bool good = block == kXmodemSuccessful;
     if (good) {
       status = KeepBlock();
-    } else {
-      DrainLine();
+    } else if (!DrainLine()) {
+      status = session_.Cancel(kXmodemRetriesUsedUp);
     }
     if (status != kXmodemSuccessful) return status;
     status = Handshake(good ? session_.Retries.NextBlock : session_.Retries.RepeatBlock, header);
@@ -125,10 +125,15 @@ int XmodemReceiver::KeepBlock() {
   return repeated ? kXmodemSuccessful : session_.Cancel(kXmodemOutOfSequence);
 }
 
-void XmodemReceiver::DrainLine() {
+// False if the line doesn't come to rest for as long as a silent sender would be waited for.
+bool XmodemReceiver::DrainLine() {
+  const XmodemRetry& repeat = session_.Retries.RepeatBlock;
+  const double end = session_.Now() + repeat.Retries * (repeat.TimeoutMs / 1000.0);
   while (session_.Line.ReadChar(kDrainTimeoutMs) != kXmodemSilence) {
-    if (session_.AbortedMeanwhile()) return;
+    if (session_.AbortedMeanwhile()) return true;
+    if (session_.Now() >= end) return false;
   }
+  return true;
 }
 
 int XmodemReceiver::Finish() {

@@ -32,7 +32,7 @@ class XmodemReceiver {
   bool ReadData();
   int CheckData();
   int KeepBlock();
-  void DrainLine();
+  bool DrainLine();
   int Finish();
   bool PutInPlace();
   bool CopyInPlace();

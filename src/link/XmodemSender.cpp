@@ -111,8 +111,11 @@ std::string XmodemSender::WireBlock() {
   return block;
 }
 
+// A line that never rests is as good as silent: what is no answer is read over for as long as an
+// answer is waited for.
 int XmodemSender::AwaitAcknowledge(int& cancels) {
-  for (;;) {
+  const double end = session_.Now() + kAnswerTimeoutMs / 1000.0;
+  while (session_.Now() < end) {
     switch (session_.Line.ReadChar(kAnswerTimeoutMs)) {
       case kXmodemSilence:
         return kXmodemNotAcknowledged;
@@ -128,6 +131,7 @@ int XmodemSender::AwaitAcknowledge(int& cancels) {
     }
     if (session_.AbortedMeanwhile()) return session_.Cancel(kXmodemAborted);
   }
+  return kXmodemNotAcknowledged;
 }
 
 int XmodemSender::EndTransfer() {

@@ -45,6 +45,9 @@ class XmodemSession {
   base::FileSystem& Files;
   std::string TempFile;  // where a reception builds the file
 
+  // The clock's time, for limits on what characters alone don't end.
+  double Now() const { return clock_.Now(); }
+
   // Gives the window its chance, and with it the operator's stop button.
   void ServeEvents();
 

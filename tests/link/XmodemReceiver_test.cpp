@@ -102,6 +102,10 @@ const Case kCases[] = {
        port.Expect(kNak).Reply("\x01\x01").Wait(6);
        for (int i = 0; i < 10; ++i) port.Expect(kNak).Wait(10);
      }},
+    {"a line that never rests behind a bad block", 10, 100, -1,
+     [](ScriptedPort& port) {
+       port.Expect(kNak).Reply("\x01xx").Trickle(std::string(200, 'x'), 0.5).Expect(kCancel);
+     }},
     {"a block left out", 17, 0, -1,
      [](ScriptedPort& port) { PlayFirst(port).Reply(Block(3, kData)).Expect(kCancel); }},
     {"BEL instead of the first block", 255, 0, -1,

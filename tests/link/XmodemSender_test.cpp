@@ -59,6 +59,17 @@ const Case kCases[] = {
        for (int i = 0; i < 11; ++i) port.Expect(Block(1, kData)).Wait(60);
        port.Expect(kCancel);
      }},
+    {"a line that never rests behind a block", 8, 661,
+     [](ScriptedPort& port) {
+       port.Reply(kNak);
+       for (int i = 0; i < 11; ++i)
+         port.Expect(Block(1, kData)).Trickle(std::string(120, 'x'), 0.5);
+       port.Expect(kCancel);
+     }},
+    {"a strange character in the last moment, and then an answer", 0, 111,
+     [](ScriptedPort& port) {
+       PlayGoodEnd(port.Reply(kNak).Expect(Block(1, kData)).Wait(55).Reply("x").Wait(55));
+     }},
     {"a block that is refused for ever", 8, 1,
      [](ScriptedPort& port) {
        port.Reply(kNak);
