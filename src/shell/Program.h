@@ -18,6 +18,7 @@
 #include "shell/AppIdentity.h"
 #include "shell/Form1.h"
 #include "shell/Splash.h"
+#include "state/ErrorCatalogue.h"
 #include "state/SensorNames.h"
 #include "ui/Screen.h"
 
@@ -72,6 +73,7 @@ class Program final : private MainWindowOwner {
   StartupKeys startupKeys_;
   std::string serialMode_;
   config::SelectorCatalogue selectors_;
+  state::ErrorTable errors_;
   config::MachineFacts facts_;
   state::SensorNames names_;
   link::LinkStatus status_;
