@@ -22,28 +22,27 @@ std::optional<std::string> SelectorCatalogue::Find(const std::string& key) const
   return found == entries_.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::string SelectorCatalogue::NextSelectorItem(const std::string& key, std::string& value,
-                                                SelectorCursor& cursor) const {
+std::string SelectorCatalogue::SelectorItemText(int value, const std::string& key) const {
+  if (key.empty()) return {};
+  return Find(key + "," + base::PlainNumber(value)).value_or("");
+}
+
+std::string SelectorWalk::NextSelectorItem(const std::string& key, std::string& value) {
   if (!key.empty()) {
-    cursor = {};
-    const auto values = Find(key);
+    cursor_ = {};
+    const auto values = selectors_.Find(key);
     if (!values) return SelectorEnd();
-    cursor = {0, base::CountFields(*values, ","), key, *values};
+    cursor_ = {0, base::CountFields(*values, ","), key, *values};
   }
-  if (++cursor.Position <= cursor.Count) {
-    const std::string next = base::GetField(cursor.Position, cursor.Values, ",");
-    if (const auto text = Find(cursor.Key + "," + next)) {
+  if (++cursor_.Position <= cursor_.Count) {
+    const std::string next = base::GetField(cursor_.Position, cursor_.Values, ",");
+    if (const auto text = selectors_.Find(cursor_.Key + "," + next)) {
       value = next;
       return *text;
     }
   }
-  cursor = {};
+  cursor_ = {};
   return SelectorEnd();
-}
-
-std::string SelectorCatalogue::SelectorItemText(int value, const std::string& key) const {
-  if (key.empty()) return {};
-  return Find(key + "," + base::PlainNumber(value)).value_or("");
 }
 
 }  // namespace tintbench::config

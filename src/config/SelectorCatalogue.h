@@ -12,14 +12,6 @@ namespace tintbench::config {
 // Ends a walk: one character of value 0, which no row can be.
 std::string SelectorEnd();
 
-// Where a walk over a list stands.
-struct SelectorCursor {
-  int Position = 0;  // of the row given last, from 1
-  int Count = 0;
-  std::string Key;
-  std::string Values;
-};
-
 class SelectorCatalogue {
  public:
   SelectorCatalogue();
@@ -29,17 +21,34 @@ class SelectorCatalogue {
   // is "[ value ]" and its meaning. Nothing if there is no such key.
   std::optional<std::string> Find(const std::string& key) const;
 
-  // The first row of the selector `key`, or with an empty `key` the next row of the walk that
-  // `cursor` is on. Gives the row's text and puts its value into `value`. At the end, and for an
-  // unknown selector, gives SelectorEnd() and leaves `value` as it is.
-  std::string NextSelectorItem(const std::string& key, std::string& value,
-                               SelectorCursor& cursor) const;
-
   // The text of one row; empty if there is no such row.
   std::string SelectorItemText(int value, const std::string& key) const;
 
  private:
   std::map<std::string, std::string, std::less<>> entries_;
+};
+
+// Walks over the rows of one selector at a time: to begin a walk ends the one before.
+class SelectorWalk {
+ public:
+  // The selectors must outlive the walk.
+  explicit SelectorWalk(const SelectorCatalogue& selectors) : selectors_(selectors) {}
+
+  // The first row of the selector `key`, or with an empty `key` the next row of the walk. Gives the
+  // row's text and puts its value into `value`. At the end, and for an unknown selector, gives
+  // SelectorEnd() and leaves `value` as it is; the walk is over then.
+  std::string NextSelectorItem(const std::string& key, std::string& value);
+
+ private:
+  struct Cursor {
+    int Position = 0;  // of the row given last, from 1
+    int Count = 0;
+    std::string Key;
+    std::string Values;
+  };
+
+  const SelectorCatalogue& selectors_;
+  Cursor cursor_;
 };
 
 }  // namespace tintbench::config

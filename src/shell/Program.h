@@ -8,6 +8,7 @@
 #include "base/Clock.h"
 #include "base/Files.h"
 #include "config/MachineFacts.h"
+#include "config/ParameterCatalogue.h"
 #include "config/SelectorCatalogue.h"
 #include "link/ComPort.h"
 #include "link/CommandTable.h"
@@ -17,9 +18,13 @@
 #include "link/Xmodem.h"
 #include "shell/AppIdentity.h"
 #include "shell/Form1.h"
+#include "shell/FormDbg.h"
+#include "shell/PlainWindows.h"
 #include "shell/Splash.h"
 #include "state/ErrorCatalogue.h"
 #include "state/SensorNames.h"
+#include "state/SensorPanels.h"
+#include "state/StateDecoder.h"
 #include "ui/Screen.h"
 
 namespace tintbench::shell {
@@ -61,18 +66,22 @@ class Program final : private MainWindowOwner {
   void LoadMainWindow() override;
   void EndMainWindow() override;
   void BuildSensorNames(bool configured) override;
+  void LinkAgain() override;
+  void SetDebugLevel(int level) override;
+  void EditDebugLevel() override;
 
   void SweepUp();
   void ShowSplash();
   void AwaitSplash();
   void ReturnService();
-  void ApplyDebugLevel();
+  void StartDebugLevel();
 
   ProgramSetup setup_;
   base::AppPaths paths_;
   StartupKeys startupKeys_;
   std::string serialMode_;
   config::SelectorCatalogue selectors_;
+  config::ParameterCatalogue parameters_{selectors_};
   state::ErrorTable errors_;
   config::MachineFacts facts_;
   state::SensorNames names_;
@@ -82,7 +91,11 @@ class Program final : private MainWindowOwner {
   link::ComPort ports_;
   link::Transaction transaction_;
   link::Xmodem xmodem_;
+  state::StateDecoder decoder_;
+  state::PanelStyles styles_;
   frmSplsh splash_;
+  FormDbg formDbg_;
+  PlainWindows windows_;
   Form1 form1_;
   link::LinkUp linkUp_;
   double splashSince_ = 0;

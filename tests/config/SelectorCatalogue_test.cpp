@@ -11,28 +11,47 @@ namespace {
 std::string WalkedValues(const SelectorCatalogue& catalogue, const std::string& key) {
   std::string values;
   std::string value;
-  SelectorCursor cursor;
-  std::string text = catalogue.NextSelectorItem(key, value, cursor);
+  SelectorWalk walk(catalogue);
+  std::string text = walk.NextSelectorItem(key, value);
   while (text != SelectorEnd()) {
     values += value + ",";
     EXPECT_EQ(catalogue.Find(key + "," + value), text);
-    text = catalogue.NextSelectorItem("", value, cursor);
+    text = walk.NextSelectorItem("", value);
   }
   return values;
 }
 
 TEST(SelectorCatalogue, MissingKeysEndAWalkAndGiveNoText) {
   const SelectorCatalogue catalogue;
-  SelectorCursor cursor;
+  SelectorWalk walk(catalogue);
   std::string value = "kept";
-  EXPECT_EQ(catalogue.NextSelectorItem("", value, cursor), std::string(1, '\0'));
-  EXPECT_EQ(catalogue.NextSelectorItem("1", value, cursor), "[ 1 ]  fast shelf, 2 sensors");
-  EXPECT_EQ(catalogue.NextSelectorItem("99", value, cursor), SelectorEnd());
-  EXPECT_EQ(catalogue.NextSelectorItem("", value, cursor), SelectorEnd());
+  EXPECT_EQ(walk.NextSelectorItem("", value), std::string(1, '\0'));
+  EXPECT_EQ(value, "kept");
+  EXPECT_EQ(walk.NextSelectorItem("1", value), "[ 1 ]  fast shelf, 2 sensors");
+  EXPECT_EQ(walk.NextSelectorItem("99", value), SelectorEnd());
+  EXPECT_EQ(walk.NextSelectorItem("", value), SelectorEnd());
   EXPECT_EQ(value, "1");
   EXPECT_EQ(catalogue.SelectorItemText(7, "4"), "");
   EXPECT_EQ(catalogue.SelectorItemText(1, ""), "");
   EXPECT_FALSE(catalogue.Find("8,27"));
+}
+
+// A walk ends for good at its last row, where a key names a single row, and where another begins.
+TEST(SelectorWalk, GoesOverOneListAtATime) {
+  const SelectorCatalogue catalogue;
+  SelectorWalk walk(catalogue);
+  std::string value;
+  EXPECT_EQ(walk.NextSelectorItem("9", value), "[ 0 ]  normal");
+  EXPECT_EQ(walk.NextSelectorItem("5", value), "[ 0 ]  none");
+  EXPECT_EQ(walk.NextSelectorItem("", value), "[ 1 ]  parallel");
+  EXPECT_EQ(walk.NextSelectorItem("5", value), "[ 0 ]  none");
+  EXPECT_EQ(walk.NextSelectorItem("8,5", value), SelectorEnd());
+  EXPECT_EQ(walk.NextSelectorItem("", value), SelectorEnd());
+  EXPECT_EQ(walk.NextSelectorItem("9", value), "[ 0 ]  normal");
+  EXPECT_EQ(walk.NextSelectorItem("", value), "[ 1 ]  anti-rebound");
+  EXPECT_EQ(walk.NextSelectorItem("", value), SelectorEnd());
+  EXPECT_EQ(walk.NextSelectorItem("", value), SelectorEnd());
+  EXPECT_EQ(value, "1");
 }
 
 TEST(SelectorCatalogue, WalksInTheOrderOfShowing) {
