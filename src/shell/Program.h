@@ -18,13 +18,9 @@
 #include "link/Xmodem.h"
 #include "shell/AppIdentity.h"
 #include "shell/Form1.h"
-#include "shell/FormDbg.h"
-#include "shell/PlainWindows.h"
 #include "shell/Splash.h"
 #include "state/ErrorCatalogue.h"
 #include "state/SensorNames.h"
-#include "state/SensorPanels.h"
-#include "state/StateDecoder.h"
 #include "ui/Screen.h"
 
 namespace tintbench::shell {
@@ -66,15 +62,12 @@ class Program final : private MainWindowOwner {
   void LoadMainWindow() override;
   void EndMainWindow() override;
   void BuildSensorNames(bool configured) override;
-  void LinkAgain() override;
-  void SetDebugLevel(int level) override;
-  void EditDebugLevel() override;
 
   void SweepUp();
   void ShowSplash();
   void AwaitSplash();
   void ReturnService();
-  void StartDebugLevel();
+  void ApplyDebugLevel();
 
   ProgramSetup setup_;
   base::AppPaths paths_;
@@ -91,11 +84,7 @@ class Program final : private MainWindowOwner {
   link::ComPort ports_;
   link::Transaction transaction_;
   link::Xmodem xmodem_;
-  state::StateDecoder decoder_;
-  state::PanelStyles styles_;
   frmSplsh splash_;
-  FormDbg formDbg_;
-  PlainWindows windows_;
   Form1 form1_;
   link::LinkUp linkUp_;
   double splashSince_ = 0;
