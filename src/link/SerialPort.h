@@ -24,6 +24,10 @@ class SerialPort {
   // True while the port is open. A port whose device is lost closes by itself.
   virtual bool PortOpen() const = 0;
 
+  // True if the device of `CommPort` is there, so that the port could be opened. Asks the system
+  // only: nothing goes on the line.
+  virtual bool DevicePresent() const { return true; }
+
   // Opens the port `CommPort` with `Settings`, or closes it. False if it can't be opened, or if
   // it is open already; closing always succeeds. Both buffers start empty.
   virtual bool PortOpen(bool open) = 0;

@@ -4,6 +4,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "state/CardLayout.h"
 
 namespace tintbench::shell {
 
@@ -12,6 +13,19 @@ namespace {
 constexpr int kSeparatorTag = -1;
 constexpr int kHistoryTag = 0;
 constexpr const char* kEditLevelCaption = "Edit Level[ - ]";
+
+// What a panel's button and the card keep in their tags.
+constexpr const char* kNormal = "0";
+constexpr const char* kLarge = "1";
+constexpr const char* kFocusWanted = "1";
+
+constexpr double kRelayPause = 0.4;      // seconds before a panel is laid out anew
+constexpr int kLinkCareInterval = 1000;  // milliseconds
+constexpr int kSensorStyles = 3;
+constexpr int kGraphicStyles = 2;
+
+constexpr std::array<const char*, state::kPanels> kPanelTitles{"Input sensors", "Output sensors",
+                                                               "Status", "Graphic I/O sensors"};
 
 std::string_view LinkWords(int linkState) {
   constexpr std::array<std::string_view, 5> kWords{
@@ -28,19 +42,140 @@ std::string BeforeBracket(const std::string& caption) {
 
 }  // namespace
 
-Form1::Form1(ui::Screen& screen, const AppIdentity& identity, MainWindowOwner& owner,
-             const config::MachineFacts& facts, const link::LinkStatus& status)
-    : ui::Form("Form1"), screen_(screen), owner_(owner), facts_(facts), status_(status) {
-  Caption = identity.AppTitle + "  v. " + identity.AppMajor + "." + identity.AppMinor;
+Form1::Form1(const Form1Parts& parts)
+    : ui::Form("Form1"),
+      parts_(parts),
+      poll_({Timer1, CmdResize, Panels, LblHint, LblQuality}, parts.Screen.Time(), parts.Port,
+            parts.Commands, parts.Decoder, parts.Status),
+      processes_(parts.Commands, parts.Status),
+      care_({LblLink, CmdReconnect}, parts.Port, parts.Ports, parts.Status,
+            [this] { LoseLink(); }) {
+  Caption =
+      parts.Identity.AppTitle + "  v. " + parts.Identity.AppMajor + "." + parts.Identity.AppMinor;
+  WindowState = ui::kMaximisedWindow;
+  LblHint.Caption = "Polling is paused: press Esc or click in the window to go on.";
+  LblHint.Visible = false;
+  CmdReconnect.Caption = "&Connect again";
+  CmdReconnect.Visible = false;
+  Picture1.Picture = state::kCardPicture;
+  Picture1.Visible = false;
   FrmDbg.Caption = "I/O Debug ";
   FrmDbg.Visible = false;
   TxtDbgIO(0).ToolTipText = "transmitted string";
   TxtDbgIO(1).ToolTipText = "Received string";
   TxtDbgIO.Prepare([](ui::TextBox& box, int) { box.Locked = true; });
+  ConnectMenus();
+  ConnectPanels();
   RebuildGroupsMenu();
+  MarkStyles();
 }
 
-void Form1::Form_Activate() { MnuMaint.Enabled = status_.LinkState != link::kPortClosed; }
+void Form1::ConnectMenus() {
+  for (ui::Menu* title :
+       {&MnuMachConf, &MnuMaint, &MnuPar, &MnuAutotest, &MnuGroupsMonitor, &MnuKsvdbg}) {
+    title->Click = [this] { poll_.EventuallyStopPolling(); };
+  }
+  SubWindows& windows = parts_.Windows;
+  const auto leadsTo = [this](ui::Menu& item, std::function<ui::Form&()> select,
+                              bool checksFirmware = false) {
+    item.Click = [this, select = std::move(select), checksFirmware] {
+      OpenSubWindow(select, checksFirmware);
+    };
+  };
+  leadsTo(MMnuGetconf, [&windows]() -> ui::Form& { return windows.Transfer(kConfigTransfer); });
+  leadsTo(MMnuLoadfirmw, [&windows]() -> ui::Form& { return windows.Transfer(kFirmwareTransfer); });
+  leadsTo(MMnuSerPort, [&windows]() -> ui::Form& { return windows.Transfer(kPortSettings); });
+  leadsTo(MMnuGetstat, [&windows]() -> ui::Form& { return windows.Statistics(); });
+  leadsTo(MnuAutotest, [&windows]() -> ui::Form& { return windows.Autotest(); });
+  leadsTo(
+      MMnuMaint, [&windows]() -> ui::Form& { return windows.Commands(kMaintenanceMenu); }, true);
+  leadsTo(MMnuCommand, [&windows]() -> ui::Form& { return windows.Commands(kCommandMenu); });
+  MMnuGrMon.Prepare(
+      [this](ui::Menu& item, int) { item.Click = [this, &item] { MMnuGrMon_Click(item); }; });
+  const auto setsLevel = [this](ui::Menu& item, int level) {
+    item.Click = [this, level] {
+      parts_.Owner.SetDebugLevel(level);
+      poll_.EventuallyRestartPolling();
+    };
+  };
+  setsLevel(MMnuksvdbg03, link::kDebugTransfers);
+  setsLevel(MMnuksvdbg07, link::kDebugXmodem);
+  setsLevel(MMnuksvdbg15, link::kDebugCommands);
+  MMnuksvdbgEdit.Click = [this] {
+    parts_.Owner.EditDebugLevel();
+    poll_.EventuallyRestartPolling();
+  };
+}
+
+void Form1::ConnectPanels() {
+  CmdResize.Prepare([this](ui::Button& button, int panel) {
+    button.Caption = kPanelTitles.at(static_cast<std::size_t>(panel));
+    button.Click = [this, panel] { CmdResize_Click(panel); };
+    button.MouseDown = [this, panel](const ui::MouseEvent& event) {
+      CmdResize_MouseDown(panel, event);
+    };
+  });
+  Panels.GRPicIOcard.MouseMove = [this](const ui::MouseEvent& event) {
+    state::ShowSensorUnderPointer(Panels, event.X, event.Y, parts_.Status.FirmwareVersion);
+  };
+  Timer1.Tick = [this] { poll_.Tick(); };
+  TimerLink.Interval = kLinkCareInterval;
+  TimerLink.Tick = [this] { care_.Watch(); };
+  CmdReconnect.Click = [this] { CmdReconnect_Click(); };
+}
+
+void Form1::Form_Activate() {
+  if (!activated_) FirstActivation();
+  MnuMaint.Enabled = parts_.Status.LinkState != link::kPortClosed;
+  Panels.GRPicIOcard.Tag = kFocusWanted;
+  Panels.GRPicIOcard.SetFocus();
+  if (parts_.SerialMode == link::kMasterMode) MMnuLoadfirmw.Enabled = false;
+}
+
+void Form1::FirstActivation() {
+  activated_ = true;
+  Panels.GRPicIOcard.Picture = Picture1.Picture;
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    PlacePanel(panel, true);
+    CmdResize(panel).Tag = kNormal;
+  }
+  state::RebuildAllPanels(Panels, parts_.Styles, parts_.Names);
+  state::ShowSensorUnderPointer(Panels, -1, -1, parts_.Status.FirmwareVersion);
+  poll_.Reset();
+  poll_.EventuallyRestartPolling();
+}
+
+void Form1::Form_KeyDown(ui::KeyEvent& key) {
+  struct KeyAction {
+    int Code;
+    int Shift;
+    std::function<void()> Do;
+  };
+  const auto toggle = [this](int panel) {
+    if (CmdResize(panel).IsShown() && CmdResize(panel).IsUsable()) CmdResize(panel).Press();
+  };
+  const std::array<KeyAction, 9> actions{{
+      {'G', ui::kShift, [this] { StepGraphicStyle(); }},
+      {'I', ui::kShift, [this] { StepSensorStyle(); }},
+      {'O', ui::kShift, [this] { StepSensorStyle(); }},
+      {'I', ui::kCtrl, [&] { toggle(state::kInputPanel); }},
+      {'O', ui::kCtrl, [&] { toggle(state::kOutputPanel); }},
+      {'S', ui::kCtrl, [&] { toggle(state::kStatusPanel); }},
+      {'G', ui::kCtrl, [&] { toggle(state::kCardPanel); }},
+      {'E', ui::kCtrl, [this] { Panels.ErText1.SetFocus(); }},
+      {ui::kKeyEsc, 0, [this] { poll_.EventuallyRestartPolling(); }},
+  }};
+  for (const KeyAction& action : actions) {
+    if (action.Code != key.Code || action.Shift != key.Shift) continue;
+    action.Do();
+    key.Code = 0;
+    return;
+  }
+}
+
+void Form1::Form_Resize() {
+  if (WindowState == ui::kNormalWindow) WindowState = ui::kMaximisedWindow;
+}
 
 void Form1::Form_QueryUnload(bool& cancel) {
   // The way out serves events: a second press of the close button finds it under way.
@@ -49,7 +184,124 @@ void Form1::Form_QueryUnload(bool& cancel) {
     return;
   }
   ending_ = true;
-  owner_.EndMainWindow();
+  poll_.EventuallyStopPolling();
+  TimerLink.Enabled = false;
+  parts_.Owner.EndMainWindow();
+}
+
+void Form1::SetAllMenu(bool enabled) {
+  for (ui::Menu* title : {&MnuMachConf, &MnuPar, &MnuKsvdbg, &MnuAutotest, &MnuGroupsMonitor}) {
+    title->Enabled = enabled;
+  }
+  MnuMaint.Enabled = enabled && parts_.Status.LinkState != link::kPortClosed;
+}
+
+void Form1::HideAll() {
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    CmdResize(panel).Visible = false;
+    Panels.Frame(panel).Visible = false;
+  }
+  SetAllMenu(false);
+}
+
+void Form1::ViewAsBefore() {
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    CmdResize(panel).Visible = true;
+    Panels.Frame(panel).Visible = true;
+  }
+  SetAllMenu(true);
+}
+
+void Form1::PlacePanel(int panel, bool small) {
+  state::ApplyFrameSize(Panels, panel, small);
+  state::PlaceCmdResize(Panels, panel);
+}
+
+void Form1::CmdResize_Click(int panel) {
+  ui::Button& button = CmdResize(panel);
+  button.Tag = button.Tag.Get() == kLarge ? kNormal : kLarge;
+  poll_.EventuallyStopPolling();
+  parts_.Screen.Time().Sleep(kRelayPause);
+  ToggleLargePanel(panel);
+  if (button.Tag.Get() == kLarge) {
+    button.SetFocus();
+    return;
+  }
+  ui::PictureBox& card = Panels.GRPicIOcard;
+  card.Tag = kFocusWanted;
+  if (card.IsShown()) card.SetFocus();
+}
+
+void Form1::ToggleLargePanel(int panel) {
+  const bool large = CmdResize(panel).Tag.Get() == kLarge;
+  if (large) {
+    HideAll();
+  } else {
+    ViewAsBefore();
+  }
+  PlacePanel(panel, !large);
+  CmdResize(panel).Visible = true;
+  state::ApplyPanelStyle(Panels, panel, parts_.Styles, parts_.Names);
+  poll_.EventuallyRestartPolling();
+}
+
+void Form1::CmdResize_MouseDown(int panel, const ui::MouseEvent& event) {
+  if (event.Button != ui::kRightButton) return;
+  if (panel == state::kInputPanel || panel == state::kOutputPanel) StepSensorStyle();
+  if (panel == state::kCardPanel) StepGraphicStyle();
+}
+
+void Form1::StepSensorStyle() {
+  StepStyle(parts_.Styles.Sensor, kSensorStyles, {state::kInputPanel, state::kOutputPanel});
+}
+
+void Form1::StepGraphicStyle() {
+  StepStyle(parts_.Styles.Graphic, kGraphicStyles, {state::kCardPanel});
+}
+
+void Form1::StepStyle(state::StyleRecord& style, int styles, std::initializer_list<int> panels) {
+  poll_.EventuallyStopPolling();
+  parts_.Screen.Time().Sleep(kRelayPause);
+  style.Wanted = style.Value() % styles + 1;
+  for (const int panel : panels) {
+    state::ApplyPanelStyle(Panels, panel, parts_.Styles, parts_.Names);
+  }
+  MarkStyles();
+  poll_.EventuallyRestartPolling();
+}
+
+void Form1::MarkStyles() {
+  const int sensor = parts_.Styles.Sensor.Value();
+  WButton.Checked = sensor == state::kButtonStyle;
+  WCircleBox.Checked = sensor == state::kLampStyle;
+  WSquareBox.Checked = sensor == state::kSquareStyle;
+  const int graphic = parts_.Styles.Graphic.Value();
+  GSquareLed.Checked = graphic == state::kSquareLamps;
+  GCircleLed.Checked = graphic == state::kRoundLamps;
+}
+
+void Form1::OpenSubWindow(const std::function<ui::Form&()>& select, bool checksFirmware) {
+  poll_.EventuallyStopPolling();
+  processes_.StopMachineProcesses(*this);
+  HideAll();
+  Refresh();
+  if (checksFirmware) {
+    const auto warning = link::FirmwareWarning(parts_.Status.FirmwareNumber());
+    if (warning) parts_.Screen.Ask(*warning);
+  }
+  parts_.Screen.ShowModal(select());
+  processes_.RestartMachineProcesses(*this);
+  ViewAsBefore();
+  poll_.EventuallyRestartPolling();
+}
+
+void Form1::MMnuGrMon_Click(const ui::Menu& item) {
+  const std::string tag = item.Tag;
+  const std::string caption = item.Caption;
+  OpenSubWindow([this, tag, caption]() -> ui::Form& {
+    return base::LeadingInt(tag) > 0 ? parts_.Windows.GroupMonitor(tag)
+                                     : parts_.Windows.GroupHistory(caption);
+  });
 }
 
 void Form1::ShowDebugLevel(int level) {
@@ -82,11 +334,34 @@ void Form1::ShowPort(const std::string& caption) {
 void Form1::ShowVersions(const std::string& configuration, const std::string& firmware) {
   MMnuGetconf.Caption = configuration;
   MMnuLoadfirmw.Caption = firmware;
-  LblLink.Caption = std::string(LinkWords(status_.LinkState));
+  LblLink.Caption = std::string(LinkWords(parts_.Status.LinkState));
   LblLinkPort.Caption = MMnuSerPort.Caption;
+  state::ShowSensorUnderPointer(Panels, -1, -1, parts_.Status.FirmwareVersion);
 }
 
-double Form1::TextWidth(const std::string& text) const { return screen_.TextWidth(*this, text); }
+double Form1::TextWidth(const std::string& text) const {
+  return parts_.Screen.TextWidth(*this, text);
+}
+
+void Form1::BuildSensorNames(bool configured) {
+  parts_.Owner.BuildSensorNames(configured);
+  state::RebuildAllPanels(Panels, parts_.Styles, parts_.Names);
+}
+
+void Form1::LoseLink() {
+  poll_.GiveUp();
+  parts_.Decoder.DecodeInputs(Panels, {});
+  parts_.Decoder.DecodeOutputs(Panels, {});
+  parts_.Decoder.DecodeStatus(Panels, {});
+  MnuMaint.Enabled = false;
+}
+
+void Form1::CmdReconnect_Click() {
+  CmdReconnect.Visible = false;
+  parts_.Owner.LinkAgain();
+  Form_Activate();
+  poll_.EventuallyRestartPolling();
+}
 
 void Form1::LoadGroupItem(int index, const std::string& caption, int tag) {
   ui::Menu& item = MMnuGrMon.Load(index);
@@ -101,8 +376,8 @@ void Form1::RebuildGroupsMenu() {
   int next = 0;
   for (int address = 1; address <= config::kGroupAddresses; ++address) {
     const auto at = static_cast<std::size_t>(address);
-    if (facts_.GroupInputs[config::kDigitalInput][at].empty() &&
-        facts_.GroupInputs[config::kAnalogueInput][at].empty()) {
+    if (parts_.Facts.GroupInputs[config::kDigitalInput][at].empty() &&
+        parts_.Facts.GroupInputs[config::kAnalogueInput][at].empty()) {
       continue;
     }
     LoadGroupItem(next++, "Group" + base::BlankNumber(address), address);

@@ -1,31 +1,60 @@
-// The main window: the menu bar that leads to every other window, the state of the link, and the
-// home of the serial port. It stays open all the time.
+// The main window: the menu bar that leads to every other window, the four sensor panels with the
+// polling that feeds them, the state of the link, and the home of the serial port. It stays open
+// all the time.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "config/MachineFacts.h"
+#include "link/ComPort.h"
 #include "link/LinkTexts.h"
 #include "link/LinkUp.h"
 #include "shell/AppIdentity.h"
+#include "shell/LinkCare.h"
+#include "shell/MachineProcesses.h"
+#include "shell/Polling.h"
+#include "shell/SubWindows.h"
+#include "state/SensorPanels.h"
+#include "state/StateDecoder.h"
 #include "ui/Controls.h"
 #include "ui/Screen.h"
 
 namespace tintbench::shell {
 
-// What the main window does at its load and at its end. The program gives it these steps, since
-// they reach beyond the window.
+// What reaches beyond the window. The program does it.
 class MainWindowOwner {
  public:
   virtual ~MainWindowOwner() = default;
   virtual void LoadMainWindow() = 0;
   virtual void EndMainWindow() = 0;
   virtual void BuildSensorNames(bool configured) = 0;
+  // Links up on the port that was lost, with its settings.
+  virtual void LinkAgain() = 0;
+  // Sets the level and has the window mark it in its menu.
+  virtual void SetDebugLevel(int level) = 0;
+  // Lets the operator edit the level.
+  virtual void EditDebugLevel() = 0;
+};
+
+struct Form1Parts {
+  ui::Screen& Screen;
+  const AppIdentity& Identity;
+  MainWindowOwner& Owner;
+  SubWindows& Windows;
+  link::SerialPort& Port;
+  link::ComPort& Ports;
+  link::Transaction& Commands;
+  const link::LinkStatus& Status;
+  const std::string& SerialMode;
+  const config::MachineFacts& Facts;
+  const state::SensorNames& Names;
+  state::StateDecoder& Decoder;
+  state::PanelStyles& Styles;
 };
 
 struct Form1 : ui::Form, link::LinkView {
-  Form1(ui::Screen& screen, const AppIdentity& identity, MainWindowOwner& owner,
-        const config::MachineFacts& facts, const link::LinkStatus& status);
+  explicit Form1(const Form1Parts& parts);
 
   ui::Menu MnuMachConf{*this, "MnuMachConf", "&Machine Setting"};
   ui::Menu MMnuGetconf{MnuMachConf, "MMnuGetconf", "Configuration"};
@@ -34,6 +63,7 @@ struct Form1 : ui::Form, link::LinkView {
   ui::Menu MnuMaint{*this, "MnuMaint", "M&aintenance"};
   ui::Menu MMnuMaint{MnuMaint, "MMnuMaint", "Maintenance Menu"};
   ui::Menu MMnuCommand{MnuMaint, "MMnuCommand", "Command Menu"};
+  // What this menu names is done by keys and by presses of the right button.
   ui::Menu MnuIOmonitor{*this, "MnuIOmonitor", "&Sensor Monitoring"};
   ui::Menu WIOmode{MnuIOmonitor, "WIOmode", "Sensor display mode"};
   ui::Menu WButton{WIOmode, "WButton", "Button"};
@@ -57,42 +87,71 @@ struct Form1 : ui::Form, link::LinkView {
   ui::Menu MMnuksvdbg15{MnuKsvdbg, "MMnuksvdbg15", "Commands[ 15 ]"};
   ui::Menu MMnuksvdbgEdit{MnuKsvdbg, "MMnuksvdbgEdit", "Edit Level[ - ]"};
 
-  // Input sensors, output sensors, status, and the graphic view of the CPU card.
-  ui::ControlArray<ui::Frame> Frame{*this, "Frame", 4};
-  ui::Label ILabel1{Frame(0), "ILabel1"};
-  ui::Label OLabel1{Frame(1), "OLabel1"};
-  ui::Label ErLabel1{Frame(2), "ErLabel1"};
-  // How far the link has come, in words.
+  // How far the link has come, in words; and how to go on where the operator can do something.
   ui::Label LblLink{*this, "LblLink"};
+  ui::Label LblHint{*this, "LblHint"};
+  ui::Button CmdReconnect{*this, "CmdReconnect"};
+  ui::Label LblQuality{*this, "LblQuality"};
   ui::Label LblLinkPort{*this, "LblLinkPort"};
+
+  ui::ControlArray<ui::Button> CmdResize{*this, "CmdResize", state::kPanels};
+  state::SensorPanels Panels{*this};
+  ui::Image Picture1{*this, "Picture1"};
 
   ui::Frame FrmDbg{*this, "FrmDbg"};
   ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
 
   ui::Timer Timer1{*this, "Timer1"};
+  ui::Timer TimerLink{*this, "TimerLink"};
 
-  void Form_Load() override { owner_.LoadMainWindow(); }
+  void Form_Load() override { parts_.Owner.LoadMainWindow(); }
   void Form_Activate() override;
+  void Form_Click() override { poll_.EventuallyRestartPolling(); }
+  void Form_KeyDown(ui::KeyEvent& key) override;
+  void Form_Resize() override;
   void Form_QueryUnload(bool& cancel) override;
 
+  // Shows all four panels, or none, with the menus that go with that.
+  void HideAll();
+  void ViewAsBefore();
+  void SetAllMenu(bool enabled);
+  // Turns a panel between its own place and the whole window.
+  void ToggleLargePanel(int panel);
   // Marks the debug level in its menu and shows the frame of level 15.
   void ShowDebugLevel(int level);
+
+  Polling& Poll() { return poll_; }
 
   ui::Form& LinkForm() override { return *this; }
   void ShowPort(const std::string& caption) override;
   void LockPort() override { MMnuSerPort.Enabled = false; }
   void ShowVersions(const std::string& configuration, const std::string& firmware) override;
   double TextWidth(const std::string& text) const override;
-  void BuildSensorNames(bool configured) override { owner_.BuildSensorNames(configured); }
+  void BuildSensorNames(bool configured) override;
   void RebuildGroupsMenu() override;
 
  private:
+  void ConnectMenus();
+  void ConnectPanels();
+  void FirstActivation();
+  void PlacePanel(int panel, bool small);
+  void CmdResize_Click(int panel);
+  void CmdResize_MouseDown(int panel, const ui::MouseEvent& event);
+  void StepSensorStyle();
+  void StepGraphicStyle();
+  void StepStyle(state::StyleRecord& style, int styles, std::initializer_list<int> panels);
+  void MarkStyles();
+  void OpenSubWindow(const std::function<ui::Form&()>& select, bool checksFirmware = false);
+  void MMnuGrMon_Click(const ui::Menu& item);
   void LoadGroupItem(int index, const std::string& caption, int tag);
+  void LoseLink();
+  void CmdReconnect_Click();
 
-  ui::Screen& screen_;
-  MainWindowOwner& owner_;
-  const config::MachineFacts& facts_;
-  const link::LinkStatus& status_;
+  Form1Parts parts_;
+  Polling poll_;
+  MachineProcesses processes_;
+  LinkCare care_;
+  bool activated_ = false;
   bool ending_ = false;
 };
 

@@ -15,12 +15,6 @@ constexpr double kSplashTime = 8.0;
 // A tick of the polling that runs when the window closes has ended by then, in seconds.
 constexpr double kTickTime = 0.8;
 
-// A debug level is a signed 16-bit number.
-int LevelOf(const std::string& text) {
-  const int level = base::IsNumeric(text) ? base::LeadingInt(text) : 0;
-  return level < -32768 || level > 32767 ? 0 : level;
-}
-
 }  // namespace
 
 Program::Program(const ProgramSetup& setup)
@@ -35,8 +29,23 @@ Program::Program(const ProgramSetup& setup)
               {.AppPath = setup.AppPath,
                .ServeEvents = [this] { setup_.Screen.DoEvents(); },
                .DebugLevel = [this] { return log_.DebugLevel(); }}),
+      decoder_(names_, errors_, [this] { return status_.FirmwareNumber(); }),
       splash_(setup.Screen, setup.Identity),
-      form1_(setup.Screen, setup.Identity, *this, facts_, status_),
+      formDbg_(setup.Screen),
+      windows_(setup.Screen),
+      form1_({.Screen = setup.Screen,
+              .Identity = setup_.Identity,
+              .Owner = *this,
+              .Windows = windows_,
+              .Port = setup.Port,
+              .Ports = ports_,
+              .Commands = transaction_,
+              .Status = status_,
+              .SerialMode = serialMode_,
+              .Facts = facts_,
+              .Names = names_,
+              .Decoder = decoder_,
+              .Styles = styles_}),
       linkUp_({.Port = setup.Port,
                .Clock = setup.Clock,
                .Files = setup.Files,
@@ -51,10 +60,11 @@ Program::Program(const ProgramSetup& setup)
   setup_.Screen.Title = setup_.Identity.AppTitle;
   setup_.Screen.Register(splash_);
   setup_.Screen.Register(form1_);
+  setup_.Screen.Register(formDbg_);
 }
 
 Program::Result Program::Main() {
-  ApplyDebugLevel();
+  StartDebugLevel();
   SweepUp();
   ShowSplash();
   setup_.Screen.Load(form1_);
@@ -80,13 +90,25 @@ void Program::SweepUp() {
   }
 }
 
-void Program::ApplyDebugLevel() {
-  log_.DebugLevel(LevelOf(startupKeys_.KsvDebug));
-  log_.ApplyDebugLevel();
-  form1_.MnuKsvdbg.Visible = log_.DebugLevel() != 0;
-  form1_.MnuKsvdbg.Enabled = log_.DebugLevel() != 0;
-  if (log_.DebugLevel() != 0) form1_.ShowDebugLevel(log_.DebugLevel());
+// A program that starts without a level has no menu to change it.
+void Program::StartDebugLevel() {
+  const int level = DebugLevelOf(startupKeys_.KsvDebug);
+  form1_.MnuKsvdbg.Visible = level != 0;
+  form1_.MnuKsvdbg.Enabled = level != 0;
+  if (level != 0) {
+    SetDebugLevel(level);
+  } else {
+    log_.ApplyDebugLevel();
+  }
 }
+
+void Program::SetDebugLevel(int level) {
+  log_.DebugLevel(level);
+  log_.ApplyDebugLevel();
+  form1_.ShowDebugLevel(level);
+}
+
+void Program::EditDebugLevel() { SetDebugLevel(formDbg_.Edit(log_.DebugLevel())); }
 
 void Program::ShowSplash() {
   splashSince_ = setup_.Clock.Now();
@@ -121,8 +143,6 @@ void Program::LoadMainWindow() {
 
 void Program::EndMainWindow() {
   setup_.Clock.Sleep(kTickTime);
-  form1_.Timer1.Interval = 0;
-  form1_.Timer1.Enabled = false;
   if (serialMode_ == link::kMasterMode) ReturnService();
   ports_.CloseComPort();
   log_.CloseDebugLog();
@@ -137,6 +157,12 @@ void Program::ReturnService() {
     setup_.Screen.Ask(
         {.Text = "ERROR in disactive service on MASTER SERIAL", .Icon = ui::BoxIcon::Exclamation});
   }
+}
+
+void Program::LinkAgain() {
+  std::string port = link::ComPort::FormatPortNumber(setup_.Port.CommPort());
+  std::string settings = setup_.Port.Settings();
+  linkUp_.LinkMachine(port, settings);
 }
 
 void Program::BuildSensorNames(bool configured) {

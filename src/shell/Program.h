@@ -18,9 +18,13 @@
 #include "link/Xmodem.h"
 #include "shell/AppIdentity.h"
 #include "shell/Form1.h"
+#include "shell/FormDbg.h"
+#include "shell/PlainWindows.h"
 #include "shell/Splash.h"
 #include "state/ErrorCatalogue.h"
 #include "state/SensorNames.h"
+#include "state/SensorPanels.h"
+#include "state/StateDecoder.h"
 #include "ui/Screen.h"
 
 namespace tintbench::shell {
@@ -62,12 +66,15 @@ class Program final : private MainWindowOwner {
   void LoadMainWindow() override;
   void EndMainWindow() override;
   void BuildSensorNames(bool configured) override;
+  void LinkAgain() override;
+  void SetDebugLevel(int level) override;
+  void EditDebugLevel() override;
 
   void SweepUp();
   void ShowSplash();
   void AwaitSplash();
   void ReturnService();
-  void ApplyDebugLevel();
+  void StartDebugLevel();
 
   ProgramSetup setup_;
   base::AppPaths paths_;
@@ -84,7 +91,11 @@ class Program final : private MainWindowOwner {
   link::ComPort ports_;
   link::Transaction transaction_;
   link::Xmodem xmodem_;
+  state::StateDecoder decoder_;
+  state::PanelStyles styles_;
   frmSplsh splash_;
+  FormDbg formDbg_;
+  PlainWindows windows_;
   Form1 form1_;
   link::LinkUp linkUp_;
   double splashSince_ = 0;

@@ -20,6 +20,11 @@ bool SimulatedPort::PortOpen() const {
   return machine_->Plugged() && machine_->PullCount() == pullsAtOpening_;
 }
 
+bool SimulatedPort::DevicePresent() const {
+  const auto port = ports_.find(number_);
+  return port != ports_.end() && (port->second == nullptr || port->second->Plugged());
+}
+
 bool SimulatedPort::PortOpen(bool open) {
   if (open) return Open();
   Close();

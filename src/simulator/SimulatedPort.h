@@ -20,6 +20,7 @@ class SimulatedPort final : public link::SerialPort {
   std::string Settings() const override { return settings_; }
   void Settings(const std::string& settings) override;
   bool PortOpen() const override;
+  bool DevicePresent() const override;
   bool PortOpen(bool open) override;
   int InBufferSize() const override { return inBufferSize_; }
   void InBufferSize(int bytes) override { inBufferSize_ = bytes; }

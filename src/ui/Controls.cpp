@@ -35,7 +35,9 @@ void TextBox::OnChanged(const PropertyBase& property) {
   if (property.Is(Text)) Change.Raise();
 }
 
-void CheckBox::Press() { Value = Value == kUnchecked ? kChecked : kUnchecked; }
+void CheckBox::Press() {
+  if (!Locked) Value = Value == kUnchecked ? kChecked : kUnchecked;
+}
 
 void CheckBox::OnChanged(const PropertyBase& property) {
   if (property.Is(Value)) Click.Raise();

@@ -56,6 +56,7 @@ class CheckBox : public Control {
   bool TakesFocus() const override { return true; }
   Property<std::string> Caption{*this, "Caption"};
   Property<int> Value{*this, "Value", kUnchecked};
+  Property<bool> Locked{*this, "Locked", false};  // shown, not to be pressed
   // Turns between checked and unchecked; the grey state is the program's alone.
   void Press() override;
 

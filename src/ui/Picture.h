@@ -87,6 +87,7 @@ class Shape : public Control {
   Property<Colour> FillColor{*this, "FillColor", Colour{0}};
   Property<bool> FillSolid{*this, "FillSolid", true};
   Property<Colour> BorderColor{*this, "BorderColor", Colour{0}};
+  Property<std::string> Sign{*this, "Sign"};  // a letter or two in the middle
 };
 
 // A picture, by the name that the views know it under.

@@ -1,0 +1,31 @@
+#include "shell/MachineProcesses.h"
+
+#include "base/Text.h"
+
+namespace tintbench::shell {
+
+namespace {
+
+constexpr int kHoldTimed = 12;
+constexpr int kReleaseTimed = 13;
+constexpr int kHoldMaster = 14;
+constexpr int kReleaseMaster = 15;
+
+}  // namespace
+
+bool MachineProcesses::SendBoth(ui::Form& form, int first, int second) {
+  const auto accepted = [&](int row) {
+    return base::ToUpper(base::Left(commands_.SendCommand(form, row), 1)) == "A";
+  };
+  return status_.LinkState > link::kPortOpen && accepted(first) && accepted(second);
+}
+
+bool MachineProcesses::StopMachineProcesses(ui::Form& form) {
+  return SendBoth(form, kHoldTimed, kHoldMaster);
+}
+
+bool MachineProcesses::RestartMachineProcesses(ui::Form& form) {
+  return SendBoth(form, kReleaseTimed, kReleaseMaster);
+}
+
+}  // namespace tintbench::shell

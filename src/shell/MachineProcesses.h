@@ -1,0 +1,26 @@
+// Holds the work that the machine does by itself while a window needs it quiet, and lets it go on.
+#pragma once
+
+#include "link/LinkStatus.h"
+#include "link/Transaction.h"
+
+namespace tintbench::shell {
+
+class MachineProcesses {
+ public:
+  MachineProcesses(link::Transaction& commands, const link::LinkStatus& status)
+      : commands_(commands), status_(status) {}
+
+  // Timed processes first, the orders of the master behind them, and only if the machine has
+  // accepted the first. True if it accepted both; without a machine nothing is sent.
+  bool StopMachineProcesses(ui::Form& form);
+  bool RestartMachineProcesses(ui::Form& form);
+
+ private:
+  bool SendBoth(ui::Form& form, int first, int second);
+
+  link::Transaction& commands_;
+  const link::LinkStatus& status_;
+};
+
+}  // namespace tintbench::shell

@@ -1,0 +1,51 @@
+#include "shell/PlainWindows.h"
+
+#include <array>
+
+namespace tintbench::shell {
+
+namespace {
+
+constexpr std::array<const char*, 3> kTransferTitles{"Machine Link", "Configuration", "Firmware"};
+
+}  // namespace
+
+PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std::string& title)
+    : ui::Form(name), screen_(screen) {
+  Caption = title;
+  LblPlain.Caption = "This window is still to come. The machine is held while it is open.";
+  CmdClose.Caption = "&Close";
+  CmdClose.Cancel = true;
+  CmdClose.Click = [this] { screen_.Unload(*this); };
+  screen.Register(*this);
+}
+
+PlainWindows::PlainWindows(ui::Screen& screen)
+    : formXmod_(screen, "FormXmod", kTransferTitles[0]),
+      formStat_(screen, "FormStat", "Statistical Data"),
+      formAuto_(screen, "FormAuto", "AUTOTEST  INFORMATIONS"),
+      formComm_(screen, "FormComm", "Command Menu"),
+      formGMon_(screen, "FormGMon", "GROUP n. "),
+      formGHst_(screen, "FormGHst", "Groups Monitoring History") {}
+
+ui::Form& PlainWindows::Transfer(int mode) {
+  formXmod_.Caption = kTransferTitles.at(static_cast<std::size_t>(mode));
+  return formXmod_;
+}
+
+ui::Form& PlainWindows::Commands(int function) {
+  formComm_.Caption = function == kCommandMenu ? "Command Menu" : "Maintenance Menu";
+  return formComm_;
+}
+
+ui::Form& PlainWindows::GroupMonitor(const std::string& address) {
+  formGMon_.Caption = "GROUP n. " + address;
+  return formGMon_;
+}
+
+ui::Form& PlainWindows::GroupHistory(const std::string& title) {
+  formGHst_.Caption = title;
+  return formGHst_;
+}
+
+}  // namespace tintbench::shell

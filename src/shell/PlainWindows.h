@@ -1,0 +1,41 @@
+// Stands in for the windows that are still to come: each opens as a plain modal window with its
+// name and title, so that the menus already lead somewhere and the machine is held around it.
+#pragma once
+
+#include "shell/SubWindows.h"
+#include "ui/Controls.h"
+#include "ui/Screen.h"
+
+namespace tintbench::shell {
+
+struct PlainWindow : ui::Form {
+  PlainWindow(ui::Screen& screen, const std::string& name, const std::string& title);
+
+  ui::Label LblPlain{*this, "LblPlain"};
+  ui::Button CmdClose{*this, "CmdClose"};
+
+ private:
+  ui::Screen& screen_;
+};
+
+class PlainWindows final : public SubWindows {
+ public:
+  explicit PlainWindows(ui::Screen& screen);
+
+  ui::Form& Transfer(int mode) override;
+  ui::Form& Statistics() override { return formStat_; }
+  ui::Form& Autotest() override { return formAuto_; }
+  ui::Form& Commands(int function) override;
+  ui::Form& GroupMonitor(const std::string& address) override;
+  ui::Form& GroupHistory(const std::string& title) override;
+
+ private:
+  PlainWindow formXmod_;
+  PlainWindow formStat_;
+  PlainWindow formAuto_;
+  PlainWindow formComm_;
+  PlainWindow formGMon_;
+  PlainWindow formGHst_;
+};
+
+}  // namespace tintbench::shell

@@ -1,0 +1,25 @@
+// The windows that the main window's menus lead to. Each call tells a window what it is wanted
+// for, and gives it back to be shown modally.
+#pragma once
+
+#include <string>
+
+#include "ui/Form.h"
+
+namespace tintbench::shell {
+
+enum TransferMode : int { kPortSettings = 0, kConfigTransfer = 1, kFirmwareTransfer = 2 };
+enum FormFunction : int { kCommandMenu = 1, kMaintenanceMenu = 2 };
+
+class SubWindows {
+ public:
+  virtual ~SubWindows() = default;
+  virtual ui::Form& Transfer(int mode) = 0;
+  virtual ui::Form& Statistics() = 0;
+  virtual ui::Form& Autotest() = 0;
+  virtual ui::Form& Commands(int function) = 0;
+  virtual ui::Form& GroupMonitor(const std::string& address) = 0;
+  virtual ui::Form& GroupHistory(const std::string& title) = 0;
+};
+
+}  // namespace tintbench::shell
