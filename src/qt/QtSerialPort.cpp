@@ -73,6 +73,11 @@ void QtSerialPort::Settings(const std::string& settings) {
   settings_ = settings;
 }
 
+bool QtSerialPort::DevicePresent() const {
+  const std::string device = ports_.Device(number_);
+  return !device.empty() && DeviceProblem(device).empty();
+}
+
 bool QtSerialPort::PortOpen(bool open) {
   if (!open) {
     Close();

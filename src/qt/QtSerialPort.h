@@ -27,6 +27,7 @@ class QtSerialPort final : public link::SerialPort {
   void CommPort(int number) override { number_ = number; }
   std::string Settings() const override { return settings_; }
   void Settings(const std::string& settings) override;
+  bool DevicePresent() const override;
   bool PortOpen() const override { return serial_.isOpen(); }
   bool PortOpen(bool open) override;
   int InBufferSize() const override { return inBufferSize_; }

@@ -119,8 +119,10 @@ void Form1::ConnectPanels() {
     state::ShowSensorUnderPointer(Panels, event.X, event.Y, parts_.Status.FirmwareVersion);
   };
   Timer1.Tick = [this] { poll_.Tick(); };
-  TimerLink.Interval = kLinkCareInterval;
-  TimerLink.Tick = [this] { care_.Watch(); };
+  // A window in front may have the port closed and opened for reasons of its own.
+  TimerLink.Tick = [this] {
+    if (parts_.Screen.Front() == this && !linking_) care_.Watch();
+  };
   CmdReconnect.Click = [this] { CmdReconnect_Click(); };
 }
 
@@ -134,6 +136,7 @@ void Form1::Form_Activate() {
 
 void Form1::FirstActivation() {
   activated_ = true;
+  TimerLink.Interval = kLinkCareInterval;
   Panels.GRPicIOcard.Picture = Picture1.Picture;
   for (int panel = 0; panel < state::kPanels; ++panel) {
     PlacePanel(panel, true);
@@ -358,7 +361,9 @@ void Form1::LoseLink() {
 
 void Form1::CmdReconnect_Click() {
   CmdReconnect.Visible = false;
+  linking_ = true;
   parts_.Owner.LinkAgain();
+  linking_ = false;
   Form_Activate();
   poll_.EventuallyRestartPolling();
 }

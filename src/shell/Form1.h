@@ -153,6 +153,7 @@ struct Form1 : ui::Form, link::LinkView {
   LinkCare care_;
   bool activated_ = false;
   bool ending_ = false;
+  bool linking_ = false;  // link-up is under way
 };
 
 }  // namespace tintbench::shell

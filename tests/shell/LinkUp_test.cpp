@@ -224,6 +224,7 @@ TEST(LinkUpDisconnect, ClosesThePortClearsTheFactsAndShowsNoBox) {
   TestProgram test;
   test.Screen.OnMainWindow = [&] {
     EXPECT_FALSE(test.Program->Facts().ElementLists[config::kCircuits].empty());
+    test.MainWindow().Poll().EventuallyStopPolling();
     std::string port = "-1";
     std::string settings = "-1";
     EXPECT_EQ(test.Program->Linker().LinkMachine(port, settings), link::kPortClosed);

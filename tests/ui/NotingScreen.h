@@ -2,22 +2,40 @@
 #pragma once
 
 #include <algorithm>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/Screen.h"
 
 namespace tintbench::testing {
 
-// Answers every box with OK. Once the main window shows, calls `OnMainWindow` and closes it.
+// Answers every box with OK. Once the main window shows, calls `OnMainWindow`, does what is in
+// `Hand`, one thing at a time between events, and closes the windows from the front one back.
 class NotingScreen final : public ui::Screen {
  public:
   explicit NotingScreen(base::Clock& clock) : ui::Screen(clock) {}
 
   std::vector<ui::Box> Boxes;
   std::function<void()> OnMainWindow;
+  std::deque<std::function<void()>> Hand;
+
+  // Does something with no other hand moving.
+  void Alone(const std::function<void()>& act) {
+    const bool before = std::exchange(waiting_, true);
+    act();
+    waiting_ = before;
+  }
+
+  // Lets time pass.
+  void Pass(double seconds) {
+    Alone([&] {
+      for (const double end = Time().Now() + seconds; Time().Now() < end;) Idle(end - Time().Now());
+    });
+  }
 
   ui::Answer Ask(const ui::Box& box) override {
     Boxes.push_back(box);
@@ -31,10 +49,16 @@ class NotingScreen final : public ui::Screen {
 
  protected:
   bool ServeOperator() override {
-    if (Front() == nullptr || Front()->IsSplash() || closing_) return false;
-    closing_ = true;
-    if (OnMainWindow) OnMainWindow();
-    CloseByOperator(*Front());
+    if (Front() == nullptr || Front()->IsSplash() || waiting_) return false;
+    if (OnMainWindow) {
+      Alone(std::exchange(OnMainWindow, nullptr));
+    } else if (!Hand.empty()) {
+      const std::function<void()> next = std::move(Hand.front());
+      Hand.pop_front();
+      next();
+    } else {
+      Alone([this] { CloseByOperator(*Front()); });
+    }
     return true;
   }
   void AwaitOperator(double when) override {
@@ -44,7 +68,7 @@ class NotingScreen final : public ui::Screen {
   void Vanished(ui::Form&) override {}
 
  private:
-  bool closing_ = false;
+  bool waiting_ = false;
 };
 
 }  // namespace tintbench::testing
