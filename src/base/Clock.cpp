@@ -48,12 +48,12 @@ void VirtualClock::SleepUntil(double when) {
 }
 
 LocalTime VirtualClock::Local() const {
-  const long elapsed = static_cast<long>(std::floor(now_));
+  const long elapsed = static_cast<long>(std::floor(now_)) + turned_;
   const long ofDay =
       start_.Hour * 3600L + start_.Minute * 60L + static_cast<long>(start_.Second) + elapsed;
-  const std::chrono::year_month_day date{ToDays(start_) +
-                                         std::chrono::days{ofDay / kSecondsPerDay}};
-  const long second = ofDay % kSecondsPerDay;
+  const auto days = std::chrono::floor<std::chrono::days>(std::chrono::seconds{ofDay});
+  const std::chrono::year_month_day date{ToDays(start_) + days};
+  const long second = ofDay - days.count() * kSecondsPerDay;
   return {static_cast<int>(date.year()),
           static_cast<int>(static_cast<unsigned>(date.month())),
           static_cast<int>(static_cast<unsigned>(date.day())),

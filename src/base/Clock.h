@@ -56,8 +56,13 @@ class VirtualClock final : public Clock {
   LocalTime Local() const override;
   bool IsVirtual() const override { return true; }
 
+  // Sets the date and time of day forward by so many seconds, or back, as an operator or the end of
+  // summer does. Now() takes no notice.
+  void TurnDayClock(long seconds) { turned_ += seconds; }
+
  private:
   LocalTime start_;
+  long turned_ = 0;
   double now_ = 0.0;
 };
 

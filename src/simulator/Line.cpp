@@ -59,6 +59,11 @@ unsigned char Wire::TakeNext() {
   return value;
 }
 
+void Wire::Cut(double now) {
+  while (!bytes_.empty() && bytes_.back().Due > now) bytes_.pop_back();
+  free_ = std::min(free_, now);
+}
+
 std::string Wire::TakeArrived(double now) {
   std::string arrived;
   while (NextArrival() <= now) arrived.push_back(static_cast<char>(TakeNext()));

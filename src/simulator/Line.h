@@ -57,6 +57,9 @@ class Wire {
 
   void Clear() { bytes_.clear(); }
 
+  // The sender stops at once: what hasn't arrived by `now` never will.
+  void Cut(double now);
+
  private:
   struct Travelling {
     double Due;

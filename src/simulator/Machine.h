@@ -65,6 +65,9 @@ class Machine {
   // Counts up each time the line is taken off.
   std::size_t PullCount() const { return pulls_; }
 
+  // The text of the configuration that the machine runs.
+  const std::string& ConfigurationText() const { return plant_.Config.Text(); }
+
   // What the program loader has received since the last reset into it.
   const std::string& LoadedProgram() const { return program_; }
 
@@ -113,6 +116,8 @@ class Machine {
   TransferFaults FaultsOfTransfer() const;
   std::string ConfigurationToSend() const;
   void Restart(double seconds);
+  // A restart from outside: what was being sent breaks off.
+  void BreakOff(double seconds);
   void Expect(Fault what, double when);
   void Forget(Fault what);
   void Befall(Fault what);

@@ -62,7 +62,7 @@ void Machine::Befall(Fault what) {
     case Fault::Babble:
       return Babble();
     case Fault::Reset:
-      return Restart(kResetSeconds);
+      return BreakOff(kResetSeconds);
     case Fault::Unplug:
       return Pull();
     case Fault::Replug:

@@ -75,6 +75,11 @@ void Machine::Restart(double seconds) {
   }
 }
 
+void Machine::BreakOff(double seconds) {
+  fromMachine_.Cut(now_);
+  Restart(seconds);
+}
+
 void Machine::BeginTransfer(std::unique_ptr<Transfer> transfer, Task task) {
   transfer_ = std::move(transfer);
   transferTask_ = task;

@@ -112,7 +112,7 @@ std::string Machine::TellHelp() {
 
 bool Machine::PressReset(const Words& words) {
   if (!words.empty()) return false;
-  Restart(kResetSeconds);
+  BreakOff(kResetSeconds);
   return true;
 }
 
@@ -122,7 +122,7 @@ bool Machine::SwitchPower(const Words& words) {
     return true;
   }
   if (words != Words{"off"}) return false;
-  Restart(kNever);
+  BreakOff(kNever);
   pending_.clear();
   return true;
 }
