@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "FuzzInput.h"
-#include "MemoryFileSystem.h"
 #include "Target.h"
+#include "base/MemoryFileSystem.h"
 #include "base/Text.h"
 #include "config/ConfigFile.h"
 #include "config/FileParts.h"
@@ -34,7 +34,7 @@ void CheckLine(const std::string& line) {
 
 void CheckEmptyParameters(const std::string& content, std::size_t readSize) {
   const auto isFull = [readSize](const std::string& text) {
-    MemoryFileSystem files;
+    testing::MemoryFileSystem files;
     files.ReadSize = readSize;
     files.Put(kFile, text);
     return config::FileHasNoEmptyParameters(files, kFile);
@@ -82,7 +82,7 @@ void CheckFactsInRange(const config::MachineFacts& facts) {
 }
 
 void CheckKnown(const std::string& content, int slave, std::size_t readSize) {
-  MemoryFileSystem files;
+  testing::MemoryFileSystem files;
   files.ReadSize = readSize;
   files.Put(kFile, content);
   config::MachineFacts facts;
@@ -119,7 +119,7 @@ std::string WithCrLf(const std::string& content) {
 }
 
 void CheckParts(const std::string& content, std::size_t readSize) {
-  MemoryFileSystem files;
+  testing::MemoryFileSystem files;
   files.ReadSize = readSize;
   files.Put(kFile, content);
   const config::FileParts parts =
@@ -159,7 +159,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     content += text;
   }
   fuzz::CheckParts(content, readSize * 700);
-  fuzz::MemoryFileSystem files;
+  testing::MemoryFileSystem files;
   files.Put(fuzz::kFile, text);
   fuzz::Require(config::ReadExternalGroups(files, fuzz::kFile, slave) >= 0, "groups are counted");
   return 0;

@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "FuzzInput.h"
-#include "MemoryFileSystem.h"
 #include "Target.h"
 #include "app/AppOptions.h"
+#include "base/MemoryFileSystem.h"
 #include "base/Text.h"
 #include "link/ComPort.h"
 #include "shell/CommandLineKeys.h"
@@ -43,7 +43,7 @@ void CheckKey(const std::string& line, const std::string& key) {
 }
 
 std::string ModeOf(const std::string& content, std::size_t readSize = 65536) {
-  MemoryFileSystem files;
+  testing::MemoryFileSystem files;
   files.ReadSize = readSize;
   files.Put(kSettings, content);
   return shell::ReadSerialMode(files, kSettings);

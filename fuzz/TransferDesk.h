@@ -5,10 +5,10 @@
 #include <deque>
 #include <string>
 
-#include "MemoryFileSystem.h"
 #include "PeerPort.h"
 #include "Target.h"
 #include "base/Clock.h"
+#include "base/MemoryFileSystem.h"
 #include "link/Xmodem.h"
 #include "ui/Form.h"
 
@@ -50,7 +50,7 @@ struct TransferDesk {
   }
 
   base::VirtualClock Clock;
-  MemoryFileSystem Files;
+  testing::MemoryFileSystem Files;
   PeerPort Port;
   int AbortAt;
   bool Traced;

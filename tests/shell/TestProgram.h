@@ -6,51 +6,16 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "base/Clock.h"
 #include "base/Files.h"
 #include "base/ScratchFolder.h"
+#include "link/NotingPort.h"
 #include "shell/Program.h"
 #include "simulator/SimulatedPort.h"
 #include "ui/NotingScreen.h"
 
 namespace tintbench::testing {
-
-// Passes everything on to another port, and notes openings and what is written.
-class NotingPort final : public link::SerialPort {
- public:
-  explicit NotingPort(link::SerialPort& port) : port_(port) {}
-
-  std::string Written;
-  std::vector<std::string> Opened;  // "2: 19200,N,8,1", whether it succeeded or not
-
-  int CommPort() const override { return port_.CommPort(); }
-  void CommPort(int number) override { port_.CommPort(number); }
-  std::string Settings() const override { return port_.Settings(); }
-  void Settings(const std::string& settings) override { port_.Settings(settings); }
-  bool PortOpen() const override { return port_.PortOpen(); }
-  bool PortOpen(bool open) override {
-    if (open) Opened.push_back(std::to_string(CommPort()) + ": " + Settings());
-    return port_.PortOpen(open);
-  }
-  int InBufferSize() const override { return port_.InBufferSize(); }
-  void InBufferSize(int bytes) override { port_.InBufferSize(bytes); }
-  int OutBufferSize() const override { return port_.OutBufferSize(); }
-  void OutBufferSize(int bytes) override { port_.OutBufferSize(bytes); }
-  int InputLen() const override { return port_.InputLen(); }
-  void InputLen(int bytes) override { port_.InputLen(bytes); }
-  std::size_t InBufferCount() override { return port_.InBufferCount(); }
-  std::string Input() override { return port_.Input(); }
-  void Output(std::string_view bytes) override {
-    Written += bytes;
-    port_.Output(bytes);
-  }
-  bool WaitForInput(double seconds) override { return port_.WaitForInput(seconds); }
-
- private:
-  link::SerialPort& port_;
-};
 
 class TestProgram {
  public:

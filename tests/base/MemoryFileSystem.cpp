@@ -1,9 +1,9 @@
-#include "MemoryFileSystem.h"
+#include "base/MemoryFileSystem.h"
 
 #include <algorithm>
 #include <cstring>
 
-namespace tintbench::fuzz {
+namespace tintbench::testing {
 
 namespace {
 
@@ -149,4 +149,4 @@ base::FileResult MemoryFileSystem::SyncToDevice(const std::string&) {
   return Fails() ? NoSpace() : base::FileResult();
 }
 
-}  // namespace tintbench::fuzz
+}  // namespace tintbench::testing

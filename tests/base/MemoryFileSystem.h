@@ -9,7 +9,7 @@
 
 #include "base/Files.h"
 
-namespace tintbench::fuzz {
+namespace tintbench::testing {
 
 class MemoryFileSystem final : public base::FileSystem {
  public:
@@ -54,4 +54,4 @@ class MemoryFileSystem final : public base::FileSystem {
   bool hasFailed_ = false;
 };
 
-}  // namespace tintbench::fuzz
+}  // namespace tintbench::testing
