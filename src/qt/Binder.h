@@ -25,6 +25,7 @@ class QWidget;
 
 namespace tintbench::desktop {
 
+class Binding;
 class FigureWidget;
 class PictureWidget;
 class RowList;
@@ -33,7 +34,7 @@ void Bind(ui::Label& control, QLabel& widget);
 void Bind(ui::TextBox& control, QLineEdit& widget);
 void Bind(ui::TextBox& control, QPlainTextEdit& widget);
 void Bind(ui::RichTextBox& control, QPlainTextEdit& widget);
-void Bind(ui::Button& control, QPushButton& widget);
+Binding& Bind(ui::Button& control, QPushButton& widget);  // for a view that shows more of it
 void Bind(ui::CheckBox& control, QCheckBox& widget);
 void Bind(ui::OptionButton& control, QRadioButton& widget);
 void Bind(ui::ListBox& control, RowList& widget);

@@ -14,8 +14,8 @@
 
 namespace tintbench::desktop {
 
-Binding::Binding(ui::Control& control, QWidget& widget)
-    : QObject(&widget), control_(&control), widget_(widget) {
+Binding::Binding(ui::Control& control, QWidget& widget, Dressing dressing)
+    : QObject(&widget), control_(&control), widget_(widget), dressing_(dressing) {
   control.AddObserver(*this);
   widget.installEventFilter(this);
   const QString name = ToQt(control.FullName());
@@ -33,10 +33,14 @@ void Binding::FollowCommon() {
   Follow({&control_->Enabled}, [this] { widget_.setEnabled(control_->Enabled); });
   Follow({&control_->ToolTipText},
          [this] { widget_.setToolTip(ToQtToolTip(control_->ToolTipText.Get())); });
-  Follow({&control_->BackColor, &control_->ForeColor}, [this] {
-    const QScopedValueRollback<bool> guard(dressing_, true);
-    Dress(widget_, control_->BackColor, control_->ForeColor);
-  });
+  if (dressing_ == Dressing::ByPalette) {
+    Follow({&control_->BackColor, &control_->ForeColor}, [this] { DressWidget(); });
+  }
+}
+
+void Binding::DressWidget() {
+  const QScopedValueRollback<bool> guard(redressing_, true);
+  Dress(widget_, control_->BackColor, control_->ForeColor);
 }
 
 // A widget without a holder would open a window of its own.
@@ -94,10 +98,7 @@ bool Binding::eventFilter(QObject* watched, QEvent* event) {
       if (!showing_) control_->OwnerForm().MoveFocus(*control_);
       return false;
     case QEvent::PaletteChange:
-      if (watched == &widget_ && !dressing_) {
-        const QScopedValueRollback<bool> guard(dressing_, true);
-        Dress(widget_, control_->BackColor, control_->ForeColor);
-      }
+      if (watched == &widget_ && dressing_ == Dressing::ByPalette && !redressing_) DressWidget();
       return false;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:

@@ -17,10 +17,13 @@ class QMouseEvent;
 
 namespace tintbench::desktop {
 
+// Who shows a control's colours: the widget's palette, or what the widget paints.
+enum class Dressing { ByPalette, ByPainting };
+
 // Belongs to its widget and dies with it. If the control dies first, the widget vanishes.
 class Binding final : public QObject, public ui::Observer {
  public:
-  Binding(ui::Control& control, QWidget& widget);
+  Binding(ui::Control& control, QWidget& widget, Dressing dressing = Dressing::ByPalette);
   ~Binding() override;
   Binding(const Binding&) = delete;
   Binding& operator=(const Binding&) = delete;
@@ -63,6 +66,7 @@ class Binding final : public QObject, public ui::Observer {
   };
 
   void FollowCommon();
+  void DressWidget();
   void Run(const std::function<void()>& show);
   void ShowAll();
   void ShowVisible();
@@ -72,13 +76,14 @@ class Binding final : public QObject, public ui::Observer {
 
   ui::Control* control_;
   QWidget& widget_;
+  Dressing dressing_;
   std::vector<Shown> shown_;
   std::function<QPointF(QPointF)> place_;
   bool pressAnywhere_ = false;
   bool pressed_ = false;  // the left button went down on it
   bool stopOthers_ = false;
-  bool showing_ = false;   // the model is being shown: the widget's signals are echoes
-  bool dressing_ = false;  // the palette changes by our own doing
+  bool showing_ = false;     // the model is being shown: the widget's signals are echoes
+  bool redressing_ = false;  // the palette changes by our own doing
 };
 
 // Lays out what has changed around the widget and paints the widget, without serving any other

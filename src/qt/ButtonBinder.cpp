@@ -23,13 +23,14 @@ void PassPresses(ui::Control& control, Button& widget, Binding& binding) {
 
 }  // namespace
 
-void Bind(ui::Button& control, QPushButton& widget) {
+Binding& Bind(ui::Button& control, QPushButton& widget) {
   auto* const binding = new Binding(control, widget);
   // Enter and Esc are the window's to give, by the control model's own rule.
   widget.setAutoDefault(false);
   binding->Follow({&control.Caption}, [&] { widget.setText(ToQtLines(control.Caption.Get())); });
   binding->Follow({&control.Default}, [&] { widget.setDefault(control.Default); });
   PassPresses(control, widget, *binding);
+  return *binding;
 }
 
 void Bind(ui::CheckBox& control, QCheckBox& widget) {

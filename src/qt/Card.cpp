@@ -1,7 +1,5 @@
 #include "qt/Card.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -9,28 +7,18 @@
 
 namespace tintbench::desktop {
 
-Card::Card(const QString& title, QWidget* parent)
-    : QFrame(parent), head_(new QHBoxLayout), body_(new QVBoxLayout) {
-  auto* const words = new QLabel(title, this);
-  words->setTextFormat(Qt::PlainText);
-  words->setFont(ScaledFont(*this, 1.1, true));
-  head_->addWidget(words);
-  head_->addStretch();
-  auto* const rows = new QVBoxLayout(this);
-  const int margin = Em(*this) * 3 / 4;
-  rows->setContentsMargins(margin, margin, margin, margin);
-  rows->addLayout(head_);
-  rows->addLayout(body_, 1);
+Card::Card(QWidget* parent) : QFrame(parent), body_(new QVBoxLayout(this)) {
+  const int margin = Em(*this) / 2;
+  body_->setContentsMargins(margin, margin, margin, margin);
+  body_->setSpacing(margin);
 }
 
 void Card::paintEvent(QPaintEvent*) {
   if (autoFillBackground()) return;
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing, true);
   painter.setPen(palette().color(QPalette::Mid));
   painter.setBrush(palette().color(QPalette::Base));
-  const double radius = Em(*this) * 0.4;
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 }  // namespace tintbench::desktop

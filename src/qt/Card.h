@@ -1,28 +1,23 @@
-// A panel with a title that stands out from the window's ground.
+// A panel that stands out from the window's ground.
 #pragma once
 
 #include <QFrame>
-#include <QString>
 
-class QHBoxLayout;
 class QVBoxLayout;
 
 namespace tintbench::desktop {
 
 class Card final : public QFrame {
  public:
-  explicit Card(const QString& title, QWidget* parent = nullptr);
+  explicit Card(QWidget* parent = nullptr);
 
-  // The row of the title, to which buttons can be added.
-  QHBoxLayout& Head() { return *head_; }
-  // What stands below the title.
+  // What stands in the panel, from above.
   QVBoxLayout& Body() { return *body_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QHBoxLayout* head_;
   QVBoxLayout* body_;
 };
 

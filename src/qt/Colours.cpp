@@ -114,6 +114,11 @@ QColor Readable(const QColor& words, const QColor& ground) {
   return best;
 }
 
+QColor SignOn(const QColor& ground) {
+  constexpr double kEnoughForLarge = 3.0;
+  return Contrast(Qt::white, ground) >= kEnoughForLarge ? Qt::white : Qt::black;
+}
+
 QColor Halfway(const QColor& one, const QColor& other) { return Step(one, other, 10); }
 
 void Dress(QWidget& widget, ui::Colour back, ui::Colour fore) {

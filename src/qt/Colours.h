@@ -21,6 +21,9 @@ QColor ToQt(ui::Colour colour, const QPalette& palette);
 // of 4.5 by the formula of WCAG 2.
 QColor Readable(const QColor& words, const QColor& ground);
 
+// White or black, for a large sign on `ground`; white where it stands out enough.
+QColor SignOn(const QColor& ground);
+
 // The colour halfway between the two.
 QColor Halfway(const QColor& one, const QColor& other);
 

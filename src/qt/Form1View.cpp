@@ -1,40 +1,21 @@
 #include "qt/Form1View.h"
 
 #include <QFontDatabase>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
-#include <array>
 
 #include "qt/Binder.h"
-#include "qt/Card.h"
 #include "qt/Look.h"
 #include "qt/NamedPictures.h"
+#include "qt/PanelArea.h"
 #include "qt/QtText.h"
+#include "qt/SensorPanelView.h"
 
 namespace tintbench::desktop {
 
 namespace {
-
-// Where a panel stands in a grid of three equal columns and two rows.
-struct PanelPlace {
-  const char* Title;
-  const char* StateLabel;  // the label that says what the panel is doing
-  int Row;
-  int Column;
-  int RowSpan;
-  int ColumnSpan;
-};
-
-constexpr std::array<PanelPlace, 4> kPanels{{{"Input sensors", "ILabel1", 0, 0, 2, 1},
-                                             {"Output sensors", "OLabel1", 0, 1, 1, 1},
-                                             {"Status", "ErLabel1", 0, 2, 1, 1},
-                                             {"Machine card", "", 1, 1, 1, 2}}};
-
-// The heights of the upper and the lower panels at the right.
-constexpr std::array<int, 2> kRowShares{33, 52};
 
 class DropMark final : public QWidget {
  public:
@@ -54,64 +35,59 @@ class DropMark final : public QWidget {
 class MainArea final : public QWidget {
  public:
   explicit MainArea(QWidget* parent) : QWidget(parent) {
-    setMinimumSize(Em(*this) * 36, Em(*this) * 20);
+    setMinimumSize(Em(*this) * 44, Em(*this) * 26);
   }
   QSize sizeHint() const override { return {Em(*this) * 84, Em(*this) * 48}; }
 };
 
-void AddLinkRow(ui::Form& form, QWidget& view, QBoxLayout& rows) {
-  QWidget* const state = MakeWidget<ui::Label>(form, "LblLink", -1, &view);
-  QWidget* const port = MakeWidget<ui::Label>(form, "LblLinkPort", -1, &view);
-  if (state == nullptr && port == nullptr) return;
-  auto* const row = new QHBoxLayout;
-  row->addWidget(new DropMark(&view));
-  if (state != nullptr) {
+QLabel* AddLabel(ui::Form& form, const char* name, QBoxLayout& column, QWidget& view) {
+  auto* const label = qobject_cast<QLabel*>(MakeWidget<ui::Label>(form, name, -1, &view));
+  if (label != nullptr) column.addWidget(label);
+  return label;
+}
+
+// How the link does and what the operator can do.
+QLayout* MakeLinkColumn(ui::Form& form, QWidget& view) {
+  auto* const column = new QVBoxLayout;
+  column->setSpacing(0);
+  if (QLabel* const state = AddLabel(form, "LblLink", *column, view)) {
     state->setFont(ScaledFont(view, 1.2, true));
-    row->addWidget(state);
+    state->setWordWrap(true);
   }
-  row->addStretch();
-  if (port != nullptr) row->addWidget(port);
+  if (QLabel* const hint = AddLabel(form, "LblHint", *column, view)) {
+    // The panels don't move when it comes and goes.
+    QSizePolicy policy = hint->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    hint->setSizePolicy(policy);
+  }
+  return column;
+}
+
+// Which port it is and how well its line does, out of the way.
+QLayout* MakeLineColumn(ui::Form& form, QWidget& view) {
+  auto* const column = new QVBoxLayout;
+  column->setSpacing(0);
+  for (const char* name : {"LblLinkPort", "LblQuality"}) {
+    if (QLabel* const label = AddLabel(form, name, *column, view)) {
+      label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      label->setFont(ScaledFont(view, 0.9, false));
+    }
+  }
+  return column;
+}
+
+void AddLinkRow(ui::Form& form, QWidget& view, QBoxLayout& rows) {
+  if (form.Find<ui::Label>("LblLink") == nullptr) return;
+  auto* const row = new QHBoxLayout;
+  const int margin = Em(view) / 2;
+  row->setContentsMargins(2 * margin, margin, 2 * margin, 0);
+  row->setSpacing(margin);
+  row->addWidget(new DropMark(&view), 0, Qt::AlignTop);
+  row->addLayout(MakeLinkColumn(form, view), 1);
+  QWidget* const again = MakeWidget<ui::Button>(form, "CmdReconnect", -1, &view);
+  if (again != nullptr) row->addWidget(again);
+  row->addLayout(MakeLineColumn(form, view));
   rows.addLayout(row);
-}
-
-void AddStateLabel(ui::Form& form, const char* name, Card& card) {
-  QWidget* const made = MakeWidget<ui::Label>(form, name, -1, &card);
-  if (made == nullptr) return;
-  auto* const label = static_cast<QLabel*>(made);
-  label->setWordWrap(true);
-  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  card.Body().addWidget(label);
-}
-
-// nullptr if the window has nothing to show in that panel.
-Card* MakePanel(ui::Form& form, int index, const PanelPlace& place, QWidget& view) {
-  auto* const frame = form.Find<ui::Frame>("Frame", index);
-  const bool hasLabel = form.Find<ui::Label>(place.StateLabel) != nullptr;
-  if (!hasLabel && (frame == nullptr || frame->Children().empty())) return nullptr;
-  auto* const card = new Card(place.Title, &view);
-  if (frame != nullptr) Bind(*frame, static_cast<QFrame&>(*card));
-  AddStateLabel(form, place.StateLabel, *card);
-  card->Body().addStretch();
-  return card;
-}
-
-void AddPanels(ui::Form& form, QWidget& view, QBoxLayout& rows) {
-  std::array<Card*, kPanels.size()> cards{};
-  for (std::size_t i = 0; i < cards.size(); ++i) {
-    cards[i] = MakePanel(form, static_cast<int>(i), kPanels[i], view);
-  }
-  const bool hasLowerRow = cards.back() != nullptr;
-  auto* const grid = new QGridLayout;
-  grid->setSpacing(Em(view));
-  for (std::size_t i = 0; i < cards.size(); ++i) {
-    const PanelPlace& place = kPanels[i];
-    grid->setColumnStretch(place.Column, 1);
-    if (cards[i] == nullptr) continue;
-    const int rowSpan = hasLowerRow ? place.RowSpan : 1;
-    grid->addWidget(cards[i], place.Row, place.Column, rowSpan, place.ColumnSpan);
-    grid->setRowStretch(place.Row, kRowShares[static_cast<std::size_t>(place.Row)]);
-  }
-  rows.addLayout(grid, 1);
 }
 
 // What goes over the line, the sent text beside the received one.
@@ -130,7 +106,10 @@ void AddDebugFrame(ui::Form& form, QWidget& view, QBoxLayout& rows) {
     row->addWidget(title);
     row->addWidget(box, index + 1);
   }
-  rows.addWidget(group);
+  auto* const foot = new QHBoxLayout;
+  foot->setContentsMargins(Em(view), 0, Em(view), Em(view) / 2);
+  foot->addWidget(group);
+  rows.addLayout(foot);
 }
 
 }  // namespace
@@ -138,11 +117,12 @@ void AddDebugFrame(ui::Form& form, QWidget& view, QBoxLayout& rows) {
 QWidget* MakeForm1View(ui::Form& form, QWidget* parent) {
   auto* const view = new MainArea(parent);
   auto* const rows = new QVBoxLayout(view);
-  const int margin = Em(*view);
-  rows->setContentsMargins(margin, margin, margin, margin);
-  rows->setSpacing(margin);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
   AddLinkRow(form, *view, *rows);
-  AddPanels(form, *view, *rows);
+  auto* const area = new PanelArea(view);
+  AddSensorPanels(form, *area);
+  rows->addWidget(area, 1);
   AddDebugFrame(form, *view, *rows);
   return view;
 }

@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QProxyStyle>
 #include <QStyleOption>
+#include <algorithm>
 #include <array>
 
 #include "qt/Colours.h"
@@ -138,5 +139,10 @@ QFont ScaledFont(const QWidget& widget, double factor, bool bold) {
 }
 
 int Em(const QWidget& widget) { return widget.fontMetrics().height(); }
+
+double RoomScale(const QWidget& widget, int width, double usual) {
+  constexpr double kLargest = 1.5;
+  return std::clamp(width / (usual * Em(widget)), 1.0, kLargest);
+}
 
 }  // namespace tintbench::desktop

@@ -24,4 +24,8 @@ QFont ScaledFont(const QWidget& widget, double factor, bool bold);
 // A line of text's height on the widget: the measure for everything that isn't laid out by itself.
 int Em(const QWidget& widget);
 
+// How much larger than usual a text may be that has `width` for itself, if `usual` lines of text
+// across are enough for it: from 1 to 1.5.
+double RoomScale(const QWidget& widget, int width, double usual);
+
 }  // namespace tintbench::desktop

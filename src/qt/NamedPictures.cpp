@@ -4,6 +4,9 @@
 #include <algorithm>
 #include <array>
 
+#include "qt/CpuCard.h"
+#include "state/CardLayout.h"
+
 namespace tintbench::desktop {
 
 namespace {
@@ -27,7 +30,8 @@ struct NamedPicture {
   PicturePainter Paint;
 };
 
-constexpr std::array<NamedPicture, 1> kPictures{{{"pen", PaintPen}}};
+constexpr std::array<NamedPicture, 2> kPictures{
+    {{"pen", PaintPen}, {state::kCardPicture, PaintCpuCard}}};
 
 }  // namespace
 

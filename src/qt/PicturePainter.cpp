@@ -171,6 +171,19 @@ void PaintShape(QPainter& painter, const ui::Shape& shape, const QRectF& area,
   } else {
     painter.drawRect(place);
   }
+  PaintSign(painter, place, ToQt(shape.Sign.Get()), ToQt(shape.FillColor, palette));
+}
+
+void PaintSign(QPainter& painter, const QRectF& area, const QString& sign, const QColor& ground) {
+  constexpr double kPartOfHeight = 0.68;
+  const int size = static_cast<int>(area.height() * kPartOfHeight);
+  if (sign.isEmpty() || size < 1) return;
+  QFont font = painter.font();
+  font.setPixelSize(size);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.setPen(SignOn(ground));
+  painter.drawText(area, Qt::AlignCenter | Qt::TextDontClip, sign);
 }
 
 }  // namespace tintbench::desktop

@@ -19,8 +19,11 @@ QTransform PictureScale(const ui::PictureBox& picture, const QRectF& area, bool 
 void PaintPicture(QPainter& painter, const ui::PictureBox& picture, const QTransform& scale,
                   const QPalette& palette);
 
-// Paints a shape that fills `area`.
+// Paints a shape that fills `area`, with its sign in the middle.
 void PaintShape(QPainter& painter, const ui::Shape& shape, const QRectF& area,
                 const QPalette& palette);
+
+// Writes a letter or two in the middle of `area`, so that they can be read on `ground`.
+void PaintSign(QPainter& painter, const QRectF& area, const QString& sign, const QColor& ground);
 
 }  // namespace tintbench::desktop

@@ -68,6 +68,11 @@ void PictureWidget::paintEvent(QPaintEvent*) {
   PaintPicture(painter, *picture_, Scale(), palette());
 }
 
+void PictureWidget::leaveEvent(QEvent*) {
+  if (binding_ == nullptr || !binding_->Lives() || !picture_->IsUsable()) return;
+  picture_->MouseMove.Raise({.X = -1, .Y = -1});
+}
+
 void Bind(ui::PictureBox& control, PictureWidget& widget) {
   auto* const binding = new Binding(control, widget);
   widget.picture_ = &control;
@@ -100,13 +105,14 @@ QRectF FigureArea(const QWidget& widget) { return QRectF(widget.rect()).adjusted
 }  // namespace
 
 void Bind(ui::Shape& control, FigureWidget& widget) {
-  auto* const binding = new Binding(control, widget);
+  auto* const binding = new Binding(control, widget, Dressing::ByPainting);
   binding->PressAnywhere();
   widget.Paint = [&control, &widget, binding](QPainter& painter) {
     if (binding->Lives()) PaintShape(painter, control, FigureArea(widget), widget.palette());
   };
-  binding->Follow({&control.Form, &control.FillColor, &control.FillSolid, &control.BorderColor},
-                  [&widget] { widget.update(); });
+  binding->Follow(
+      {&control.Form, &control.FillColor, &control.FillSolid, &control.BorderColor, &control.Sign},
+      [&widget] { widget.update(); });
 }
 
 void Bind(ui::Image& control, FigureWidget& widget) {

@@ -14,7 +14,8 @@ namespace tintbench::desktop {
 
 class Binding;
 
-// Paints a picture box at the widget's size.
+// Paints a picture box at the widget's size. A pointer that leaves it is told as a move to a place
+// outside the picture.
 class PictureWidget final : public QWidget {
  public:
   explicit PictureWidget(QWidget* parent = nullptr);
@@ -30,6 +31,7 @@ class PictureWidget final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void leaveEvent(QEvent* event) override;
 
  private:
   friend void Bind(ui::PictureBox& control, PictureWidget& widget);

@@ -125,7 +125,13 @@ std::string SensorAt(SensorPanels& panels, double x, double y) {
 SensorPanels::SensorPanels(ui::Form& window) : Window(window), Frame(window, "Frame", kPanels) {
   const auto readOnly = [](ui::CheckBox& box, int) { box.Locked = true; };
   for (auto* boxes : {&ICheck1, &ICheck2, &OCheck1, &OCheck2}) boxes->Prepare(readOnly);
-  for (auto* sign : {&IpShape2, &OpShape2, &ErpShape2}) sign->Visible = false;
+  const auto round = [](ui::Shape& lamp, int) { lamp.Form = ui::kCircle; };
+  for (auto* lamps : {&IShape3, &OShape3}) lamps->Prepare(round);
+  for (auto* sign : {&IpShape1, &OpShape1, &ErpShape1}) round(*sign, 0);
+  for (auto* sign : {&IpShape2, &OpShape2, &ErpShape2}) {
+    round(*sign, 0);
+    sign->Visible = false;
+  }
   ErText1.MultiLine = true;
   ErText1.Locked = true;
   GRPicIOcard.ScaleWidth = kCardWidth;

@@ -1,0 +1,30 @@
+// The part of a window that holds its sensor panels. The panels keep the proportions that their
+// frames have in the window's client area, whatever size the area has.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "ui/Controls.h"
+
+namespace tintbench::desktop {
+
+class PanelArea final : public QWidget {
+ public:
+  explicit PanelArea(QWidget* parent);
+  ~PanelArea() override;
+
+  // The panel shows `frame`. Above it stands `head`, which shows `button`; a window without such
+  // buttons gives neither.
+  void Add(ui::Frame& frame, QWidget& panel, ui::Button* button, QWidget* head);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  class Place;
+  std::vector<std::unique_ptr<Place>> places_;
+};
+
+}  // namespace tintbench::desktop

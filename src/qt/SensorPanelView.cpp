@@ -1,0 +1,213 @@
+#include "qt/SensorPanelView.h"
+
+#include <QHBoxLayout>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QStyle>
+#include <QToolTip>
+#include <QVBoxLayout>
+#include <array>
+
+#include "qt/Binder.h"
+#include "qt/Binding.h"
+#include "qt/Card.h"
+#include "qt/Look.h"
+#include "qt/PanelArea.h"
+#include "qt/PanelHead.h"
+#include "qt/PictureWidget.h"
+#include "qt/SensorIndicator.h"
+#include "qt/SensorRows.h"
+#include "state/SensorPanels.h"
+
+namespace tintbench::desktop {
+
+namespace {
+
+// The names of a panel's controls.
+struct PanelNames {
+  const char* State;  // the label that says how the panel does
+  std::array<const char*, 2> LifeSigns;
+  const char* Button;
+  const char* Lamp;
+  const char* Square;
+  const char* Name;
+};
+
+constexpr std::array<PanelNames, state::kPanels> kNames{{
+    {"ILabel1", {"IpShape1", "IpShape2"}, "ICheck1", "IShape3", "ICheck2", "ILabel3"},
+    {"OLabel1", {"OpShape1", "OpShape2"}, "OCheck1", "OShape3", "OCheck2", "OLabel3"},
+    {"ErLabel1", {"ErpShape1", "ErpShape2"}, "", "", "", ""},
+    {"", {"", ""}, "", "", "", ""},
+}};
+
+constexpr std::array<const char*, state::kPanels> kHeadTips{
+    "Large or back: Ctrl+I\nHow sensors are shown: Shift+I or the right button",
+    "Large or back: Ctrl+O\nHow sensors are shown: Shift+O or the right button",
+    "Large or back: Ctrl+S",
+    "Large or back: Ctrl+G\nHow lamps are shown: Shift+G or the right button"};
+
+constexpr const char* kLarge = "1";
+
+// A name that ends in dots where its row is too narrow, and is told whole by a tip then.
+class RowName final : public QLabel {
+ public:
+  explicit RowName(QWidget* parent) : QLabel(parent) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                          isEnabled(), Shortened(), foregroundRole());
+  }
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::ToolTip && Shortened() != text()) {
+      QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+      return true;
+    }
+    return QLabel::event(event);
+  }
+
+ private:
+  QString Shortened() const { return fontMetrics().elidedText(text(), Qt::ElideRight, width()); }
+};
+
+// A dot that keeps its place while it is hidden, so that nothing around it moves.
+void AddLifeSign(ui::Form& form, const char* name, QBoxLayout& row, QWidget& parent) {
+  QWidget* const dot = MakeWidget<ui::Shape>(form, name, -1, &parent);
+  if (dot == nullptr) return;
+  QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  policy.setRetainSizeWhenHidden(true);
+  dot->setSizePolicy(policy);
+  const int edge = Em(parent) * 5 / 8;
+  dot->setFixedSize(edge, edge);
+  row.addWidget(dot, 0, Qt::AlignVCenter);
+}
+
+// What the panel says about itself, with its life signs.
+void AddStateLine(ui::Form& form, const PanelNames& names, bool prominent, Card& card) {
+  auto* const row = new QHBoxLayout;
+  QWidget* const made = MakeWidget<ui::Label>(form, names.State, -1, &card);
+  if (auto* const label = qobject_cast<QLabel*>(made)) {
+    label->setWordWrap(true);
+    label->setMinimumHeight(Em(card));
+    if (prominent) label->setFont(ScaledFont(card, 1.2, true));
+    row->addWidget(label, 1);
+  }
+  for (const char* sign : names.LifeSigns) AddLifeSign(form, sign, *row, card);
+  card.Body().addLayout(row);
+}
+
+QWidget* MakeIndicator(ui::Form& form, const char* name, int index, SensorIndicator::Form shape,
+                       QWidget* parent) {
+  auto* const control = form.Find<ui::CheckBox>(name, index);
+  if (control == nullptr) return nullptr;
+  auto* const indicator = new SensorIndicator(shape, parent);
+  Bind(*control, *indicator);
+  return indicator;
+}
+
+void FillRows(ui::Form& form, const PanelNames& names, SensorRows& rows) {
+  for (int index = 0;; ++index) {
+    auto* const label = form.Find<ui::Label>(names.Name, index);
+    if (label == nullptr) return;
+    auto* const name = new RowName(&rows);
+    Bind(*label, *name);
+    using Form = SensorIndicator::Form;
+    const SensorRows::Indicators indicators{
+        MakeIndicator(form, names.Button, index, Form::Pill, &rows),
+        MakeWidget<ui::Shape>(form, names.Lamp, index, &rows),
+        MakeIndicator(form, names.Square, index, Form::Square, &rows)};
+    rows.AddRow(indicators, *name);
+  }
+}
+
+// The rows, with a scroll bar where they don't fit.
+void AddRows(ui::Form& form, const PanelNames& names, Card& card) {
+  auto* const scroll = new QScrollArea(&card);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::TabFocus);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidgetResizable(true);
+  auto* const rows = new SensorRows(scroll->viewport());
+  FillRows(form, names, *rows);
+  scroll->setWidget(rows);
+  // The panel's own ground shows through.
+  rows->setAutoFillBackground(false);
+  scroll->viewport()->setAutoFillBackground(false);
+  card.Body().addWidget(scroll, 1);
+}
+
+void FillSensorPanel(ui::Form& form, int panel, Card& card) {
+  const PanelNames& names = kNames.at(static_cast<std::size_t>(panel));
+  AddStateLine(form, names, false, card);
+  AddRows(form, names, card);
+}
+
+// The errors' texts, larger in a large panel.
+class ErrorTexts final : public QPlainTextEdit {
+ public:
+  explicit ErrorTexts(QWidget* parent) : QPlainTextEdit(parent) {
+    setPlaceholderText("The machine's errors are listed here.");
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    constexpr double kUsual = 30;
+    const QFont font =
+        ScaledFont(*parentWidget(), RoomScale(*parentWidget(), width(), kUsual), false);
+    if (font != this->font()) setFont(font);
+    QPlainTextEdit::resizeEvent(event);
+  }
+};
+
+void FillStatusPanel(ui::Form& form, int panel, Card& card) {
+  AddStateLine(form, kNames.at(static_cast<std::size_t>(panel)), true, card);
+  auto* const texts = form.Find<ui::TextBox>("ErText1");
+  if (texts == nullptr) return card.Body().addStretch();
+  auto* const widget = new ErrorTexts(&card);
+  Bind(*texts, *widget);
+  card.Body().addWidget(widget, 1);
+}
+
+void FillCardPanel(ui::Form& form, int, Card& card) {
+  if (auto* const picture = form.Find<ui::PictureBox>("GRPicIOcard")) {
+    auto* const widget = new PictureWidget(&card);
+    widget->KeepShape(true);
+    Bind(*picture, *widget);
+    card.Body().addWidget(widget, 1);
+  }
+  QWidget* const legend = MakeWidget<ui::Label>(form, "GRLabel1", -1, &card);
+  if (legend != nullptr) card.Body().addWidget(legend);
+}
+
+using Filler = void (*)(ui::Form& form, int panel, Card& card);
+constexpr std::array<Filler, state::kPanels> kFillers{FillSensorPanel, FillSensorPanel,
+                                                      FillStatusPanel, FillCardPanel};
+
+PanelHead* MakeHead(ui::Button& button, int panel, QWidget& parent) {
+  auto* const head = new PanelHead(&parent);
+  Binding& binding = Bind(button, *head);
+  binding.Follow({&button.Tag}, [&button, head] { head->ShowLarge(button.Tag.Get() == kLarge); });
+  head->setToolTip(kHeadTips.at(static_cast<std::size_t>(panel)));
+  return head;
+}
+
+}  // namespace
+
+void AddSensorPanels(ui::Form& form, PanelArea& area) {
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    auto* const frame = form.Find<ui::Frame>("Frame", panel);
+    if (frame == nullptr) continue;
+    auto* const button = form.Find<ui::Button>("CmdResize", panel);
+    QWidget* const head = button == nullptr ? nullptr : MakeHead(*button, panel, area);
+    auto* const card = new Card(&area);
+    Bind(*frame, static_cast<QFrame&>(*card));
+    kFillers.at(static_cast<std::size_t>(panel))(form, panel, *card);
+    area.Add(*frame, *card, button, head);
+  }
+}
+
+}  // namespace tintbench::desktop

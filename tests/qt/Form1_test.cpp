@@ -1,0 +1,237 @@
+// The main window as the operator has it before him: the whole program with a simulated machine,
+// real menus, buttons and keys, and what the real widgets say.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QMenuBar>
+#include <QPaintEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "base/ScratchFolder.h"
+#include "qt/DesktopScreen.h"
+#include "qt/EveryKind.h"
+#include "qt/PictureWidget.h"
+#include "qt/SensorIndicator.h"
+#include "qt/StandardViews.h"
+#include "shell/Program.h"
+#include "simulator/SimulatedPort.h"
+#include "state/CardLayout.h"
+
+namespace tintbench::desktop {
+
+namespace {
+
+class MainWindow : public ::testing::Test {
+ protected:
+  MainWindow() { AddStandardViews(screen); }
+
+  // Runs the program; `act` is done in its open main window, which is closed afterwards.
+  void Run(const std::function<void()>& act) {
+    shell::Program program(
+        {clock, files, port, screen, shell::MakeIdentity("TintBench", "1.2.3"), folder.Path(), {}});
+    QTimer start;
+    QObject::connect(&start, &QTimer::timeout, [&] {
+      form = dynamic_cast<shell::Form1*>(screen.FindForm("Form1"));
+      if (form == nullptr || !form->Poll().PollingOn()) return;
+      start.stop();
+      act();
+      Window().close();
+    });
+    start.start(5);
+    EXPECT_EQ(program.Main(), shell::Program::Result::Good);
+    EXPECT_TRUE(start.isActive() || form != nullptr);
+  }
+
+  void Pass(double seconds) {
+    const double end = clock.Now() + seconds;
+    while (clock.Now() < end) screen.Idle(end - clock.Now());
+  }
+  FormWindow& Window() { return *screen.WindowFor(*form); }
+  template <typename Widget>
+  Widget& Of(const ui::Control& control) {
+    return *WidgetOf<Widget>(Window(), control);
+  }
+  QString Words(const ui::Label& label) { return Of<QLabel>(label).text(); }
+  SensorIndicator& Pill(int bit) { return Of<SensorIndicator>(form->Panels.ICheck1(bit)); }
+  void Press(QWidget& widget, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(&widget, button);
+    Pass(1);
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(&Window(), key, modifiers);
+    Pass(1);
+  }
+  QPushButton& Head(int panel) { return Of<QPushButton>(form->CmdResize(panel)); }
+  QWidget& Panel(int panel) { return Of<QWidget>(form->Panels.Frame(panel)); }
+
+  base::VirtualClock clock;
+  base::StandardFileSystem files;
+  testing::ScratchFolder folder;
+  simulator::Machine machine{clock};
+  simulator::SimulatedPort port{clock, {{1, &machine}}};
+  DesktopScreen screen{clock};
+  shell::Form1* form = nullptr;
+};
+
+TEST_F(MainWindow, ShowsTheMachineAsItIs) {
+  Run([this] {
+    Pass(2);
+    EXPECT_EQ(Words(form->Panels.ILabel1), "Slave Address = 1");
+    EXPECT_FALSE(Pill(2).isChecked());
+    machine.Tell("input 3 on");
+    machine.Tell("error 1103");
+    Pass(6);
+    EXPECT_TRUE(Pill(2).isChecked());
+    EXPECT_EQ(Words(form->Panels.ErLabel1), "Slave NO busy: errors = 1");
+    auto& errors = Of<QPlainTextEdit>(form->Panels.ErText1);
+    EXPECT_TRUE(errors.toPlainText().startsWith("1103")) << errors.toPlainText().toStdString();
+    EXPECT_TRUE(errors.isReadOnly());
+    machine.Tell("fault short 1 #ir*");
+    Pass(12);
+    EXPECT_EQ(Words(form->Panels.ILabel1), "[ INVALID DATA ]");
+    EXPECT_FALSE(Pill(2).isEnabled());
+    machine.Tell("fault none");
+    Pass(4);
+    EXPECT_TRUE(Pill(2).isEnabled());
+    EXPECT_TRUE(Pill(2).isChecked());
+    Press(Pill(2));
+    EXPECT_TRUE(Pill(2).isChecked()) << "a sensor isn't there to be pressed";
+  });
+}
+
+TEST_F(MainWindow, ButtonsAndKeysLayPanelsOutAnew) {
+  Run([this] {
+    const QRect small = Panel(0).geometry();
+    Press(Head(0));
+    EXPECT_FALSE(Panel(1).isVisible());
+    EXPECT_FALSE(Head(3).isVisible());
+    EXPECT_GT(Panel(0).width(), 2 * small.width());
+    Press(Head(0));
+    EXPECT_TRUE(Panel(1).isVisible());
+    EXPECT_EQ(Panel(0).geometry(), small);
+    Key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(Panel(0).isVisible());
+    EXPECT_TRUE(Panel(2).isVisible());
+    Key(Qt::Key_S, Qt::ControlModifier);
+
+    EXPECT_TRUE(Pill(0).isVisible());
+    Press(Head(1), Qt::RightButton);
+    EXPECT_FALSE(Pill(0).isVisible());
+    EXPECT_TRUE(Of<QWidget>(form->Panels.IShape3(0)).isVisible());
+    Key(Qt::Key_I, Qt::ShiftModifier);
+    EXPECT_TRUE(Of<QWidget>(form->Panels.ICheck2(0)).isVisible());
+    Press(Head(3), Qt::RightButton);
+    EXPECT_EQ(form->Panels.GRShape1(0).Form, ui::kCircle);
+    Key(Qt::Key_G, Qt::ShiftModifier);
+    EXPECT_EQ(form->Panels.GRShape1(0).Form, ui::kSquare);
+  });
+}
+
+TEST_F(MainWindow, MenuTitleStopsPollingAndEscGoesOn) {
+  Run([this] {
+    for (const ui::Menu* title : {&form->MnuMachConf, &form->MnuAutotest}) {
+      QAction* action = nullptr;
+      for (QAction* one : Window().menuBar()->actions()) {
+        if (one->objectName() == ToQt(title->FullName())) action = one;
+      }
+      ASSERT_NE(action, nullptr);
+      const QPoint place = Window().menuBar()->actionGeometry(action).center();
+      // A title with a window of its own opens it; the window is left by its close button.
+      QTimer::singleShot(50, &Window(), [this] {
+        ui::Form* front = screen.Front();
+        if (front != form) screen.WindowFor(*front)->close();
+      });
+      QTest::mouseClick(Window().menuBar(), Qt::LeftButton, Qt::NoModifier, place);
+      if (title->HasItems()) {
+        EXPECT_EQ(Words(form->Panels.OLabel1), "[ PAUSING POLLING ]");
+        EXPECT_TRUE(Of<QLabel>(form->LblHint).isVisible());
+        EXPECT_FALSE(Head(0).isEnabled());
+        Window().LeaveMenus();
+        Key(Qt::Key_Escape);
+      }
+      EXPECT_TRUE(Panel(0).isVisible());
+      EXPECT_FALSE(Of<QLabel>(form->LblHint).isVisible());
+      Pass(2);
+      EXPECT_EQ(Words(form->Panels.ILabel1), "Slave Address = 1");
+    }
+  });
+}
+
+TEST_F(MainWindow, PointerOnTheCardNamesTheSensor) {
+  Run([this] {
+    auto& card = Of<PictureWidget>(form->Panels.GRPicIOcard);
+    const state::CardPlace lamp = state::SocketLampPlace(3);
+    const double scale =
+        std::min(card.width() / state::kCardWidth, card.height() / state::kCardHeight);
+    const QPointF corner((card.width() - state::kCardWidth * scale) / 2,
+                         (card.height() - state::kCardHeight * scale) / 2);
+    const QPointF middle(lamp.Left + lamp.Width / 2, lamp.Top + lamp.Height / 2);
+    QTest::mouseMove(&card, (corner + middle * scale).toPoint());
+    EXPECT_EQ(Words(form->Panels.GRLabel1), ToQt(form->Panels.ILabel3(2).Caption.Get()));
+    QEvent leaves(QEvent::Leave);
+    QCoreApplication::sendEvent(&card, &leaves);
+    EXPECT_EQ(Words(form->Panels.GRLabel1), "Machine version [5.2]");
+  });
+}
+
+// At every size the names can be read and nothing covers anything else.
+TEST_F(MainWindow, EverythingHasItsRoom) {
+  Run([this] {
+    for (const QSize size : {QSize(900, 600), QSize(1280, 800), QSize(1900, 1040)}) {
+      Window().centralWidget()->resize(size - QSize(0, Window().menuBar()->height()));
+      std::vector<QRect> taken;
+      for (int panel = 0; panel < state::kPanels; ++panel) {
+        EXPECT_GE(Head(panel).height(), Head(panel).fontMetrics().height());
+        taken.push_back(Head(panel).geometry());
+        taken.push_back(Panel(panel).geometry());
+      }
+      for (std::size_t one = 0; one < taken.size(); ++one) {
+        for (std::size_t other = 0; other < one; ++other) {
+          EXPECT_FALSE(taken[one].intersects(taken[other])) << one << " on " << other;
+        }
+      }
+      int foot = 0;
+      for (int bit = 0; bit < state::kInputBits; ++bit) {
+        const auto& name = Of<QLabel>(form->Panels.ILabel3(bit));
+        if (!name.isVisible()) continue;
+        EXPECT_GE(name.width(), name.fontMetrics().horizontalAdvance(name.text())) << bit;
+        EXPECT_GE(name.height(), name.fontMetrics().height()) << bit;
+        EXPECT_GE(name.y(), foot) << bit;
+        foot = name.y() + name.height();
+        EXPECT_LT(Pill(bit).geometry().right(), name.x()) << bit;
+      }
+    }
+  });
+}
+
+// Notes the largest of the rectangles that are painted.
+struct PaintWatch : QObject {
+  PaintWatch() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    ++Paints;
+    for (const QRect& area : static_cast<QPaintEvent*>(event)->region()) {
+      Largest = std::max({Largest, area.width(), area.height()});
+    }
+    return false;
+  }
+  int Paints = 0;
+  int Largest = 0;
+};
+
+TEST_F(MainWindow, NothingNewMovesTheLifeSignOnly) {
+  Run([this] {
+    Pass(10);
+    const PaintWatch watch;
+    Pass(15);
+    EXPECT_GT(watch.Paints, 0);
+    EXPECT_EQ(watch.Largest, Of<QWidget>(form->Panels.IpShape1).width());
+  });
+}
+
+}  // namespace
+
+}  // namespace tintbench::desktop
