@@ -1,0 +1,121 @@
+#include "commands/CommWindow.h"
+
+#include "base/Text.h"
+
+namespace tintbench::commands {
+
+namespace {
+
+constexpr int kFrameWidth = 42;
+constexpr std::array<const char*, state::kPanels> kTitles{"Input sensors", "Output sensors",
+                                                          "Status", "Graphic I/O sensors"};
+
+void MakeReadOnly(ui::TextBox& box) { box.Locked = true; }
+
+}  // namespace
+
+CommWindow::CommWindow(const CommParts& parts) : ui::Form("FormComm"), Work(parts) {
+  LblCmdT.Caption = "Command type";
+  LblCmdS.Caption = "Single command";
+  LblFind.Caption = "&Find";
+  LblRecent.Caption = "Last commands";
+  CmdStop.Caption = "&STOP";
+  CmdMultStop.Caption = "&HALT process";
+  FrameOutput.Caption = "Command report";
+  FrmDbg.Caption = "I/O Debug ";
+  TxtIO(0).ToolTipText = "transmitted string";
+  TxtIO(1).ToolTipText = "received string";
+  TxtIO(2).ToolTipText = "status messages";
+  TxtDbgIO(0).ToolTipText = "transmitted string";
+  TxtDbgIO(1).ToolTipText = "Received string";
+  for (ui::ControlArray<ui::TextBox>* boxes : {&TxtIO, &TxtDbgIO}) {
+    boxes->Prepare([](ui::TextBox& box, int) { MakeReadOnly(box); });
+  }
+  for (ui::TextBox* box : {&TxtIO(2), &TxtIOm, &TextOutput}) {
+    MakeReadOnly(*box);
+    box->MultiLine = true;
+  }
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    LblTitle(panel).Caption = kTitles.at(static_cast<std::size_t>(panel));
+  }
+}
+
+void CommWindow::ShowReport(const std::string& text) {
+  if (Flags.Closing) return;
+  TextOutput.Text = text;
+  TextOutput.Refresh();
+}
+
+void CommWindow::ShowIoText(int index, const std::string& text) {
+  if (Flags.Closing) return;
+  TxtIO(index).Text = text;
+  TxtIO(index).Refresh();
+}
+
+void CommWindow::ShowStatusLine(const std::string& text) {
+  if (Flags.Closing) return;
+  TxtIOm.Text = text;
+  TxtIOm.Refresh();
+}
+
+bool CommWindow::CheckAnswer(const std::string& answer, std::string_view accepted,
+                             const std::string& extra) {
+  const bool good = !answer.empty() && accepted.find(answer[0]) != std::string_view::npos;
+  ShowStatusLine(good ? std::string(kAccepted) + kLineEnd + extra : kRefused);
+  return good;
+}
+
+void CommWindow::ShowPanel(int panel) {
+  if (Flags.Closing) return;
+  state::ApplyFrameSize(Panels, panel, true);
+  LblTitle(panel).Visible = true;
+}
+
+void CommWindow::HidePanels() {
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    Panels.Frame(panel).Visible = false;
+    LblTitle(panel).Visible = false;
+  }
+}
+
+void CommWindow::ShowReportFrame() {
+  if (!Flags.Closing) FrameOutput.Visible = true;
+}
+
+void CommWindow::HideReportFrame() { FrameOutput.Visible = false; }
+
+std::string CommWindow::Send(int row) {
+  return base::ToUpper(Work.Commands.SendCommand(*this, row));
+}
+
+std::string CommWindow::Send(int row, const std::string& argument) {
+  const link::CommandCall call(Work.Table, row, argument);
+  return Send(row);
+}
+
+std::string CommWindow::SendMoving(int row, const std::string& argument) {
+  link::CommandCall call(Work.Table, row, argument);
+  call.Row().TimeoutSeconds = Work.Table.CommandTimeout(argument, row, Work.Facts);
+  return Send(row);
+}
+
+bool CommWindow::AbortableWait(double seconds, const bool& goOn) {
+  const base::Clock& clock = Work.Screen.Time();
+  const double end = clock.Now() + seconds;
+  while (goOn && !Flags.Closing && !Work.Screen.IsQuitting() && clock.Now() < end) {
+    Work.Screen.Idle(end - clock.Now());
+  }
+  return Flags.Closing;
+}
+
+bool CommWindow::Wait(double seconds) {
+  const bool always = true;
+  return AbortableWait(seconds, always);
+}
+
+std::string Framed(const std::string& text) {
+  const std::string line(kFrameWidth, '-');
+  return kLineEnd + line + kLineEnd + text + kLineEnd + line + kLineEnd;
+}
+
+}  // namespace tintbench::commands

@@ -1,0 +1,139 @@
+// The window of commands below its jobs: the controls that the Command Menu and the Maintenance
+// Menu are made of, what both of them know, and how they show a report.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/Clock.h"
+#include "commands/MaintenanceOptions.h"
+#include "config/MachineFacts.h"
+#include "link/CommandTable.h"
+#include "link/DebugLog.h"
+#include "link/LinkStatus.h"
+#include "link/SerialPort.h"
+#include "link/Transaction.h"
+#include "state/SensorPanels.h"
+#include "state/StateDecoder.h"
+#include "ui/Controls.h"
+#include "ui/Screen.h"
+
+namespace tintbench::commands {
+
+// What the window and its jobs work with. All of it must outlive the window.
+struct CommParts {
+  ui::Screen& Screen;
+  link::SerialPort& Port;
+  link::Transaction& Commands;
+  link::CommandTable& Table;
+  link::DebugLog& Log;
+  const config::MachineFacts& Facts;
+  const link::LinkStatus& Status;
+  const state::SensorNames& Names;
+  state::StateDecoder& Decoder;
+  state::PanelStyles& Styles;
+  const ui::Form& MainWindow;  // gives its title
+};
+
+enum FormFunction : int { kCommandMenu = 1, kMaintenanceMenu = 2 };
+
+inline constexpr int kCommandGroups = 4;
+inline constexpr const char* kLineEnd = "\r\n";
+inline constexpr const char* kAccepted = "[ command accepted ]";
+inline constexpr const char* kRefused = "[ command refused ]";
+inline constexpr const char* kSuccess = "[ operation success ]";
+inline constexpr const char* kFail = "[ operation fail ]";
+inline constexpr const char* kInvalidData = "[ INVALID DATA ]";
+
+// Flags of what is under way. Those of a running process are cleared by whoever wants its end.
+struct CommFlags {
+  bool Idle = true;  // no option of the Maintenance Menu runs
+  bool Closing = false;
+  bool HaltPressed = false;
+  bool MotorRunning = false;
+  bool PurgeRunning = false;
+  bool ValveTestRunning = false;
+  bool CanWaitActive = false;
+  bool ShelfWaitActive = false;  // the shelf is moved for the can
+};
+
+struct CommWindow : ui::Form {
+  explicit CommWindow(const CommParts& parts);
+
+  // The Command Menu.
+  ui::Frame FrmSingle{*this, "FrmSingle"};
+  ui::Label LblCmdT{FrmSingle, "LblCmdT"};
+  ui::ComboBox CmbCtype{FrmSingle, "CmbCtype"};
+  ui::Label LblCmdS{FrmSingle, "LblCmdS"};
+  ui::Label LblFind{FrmSingle, "LblFind"};
+  ui::TextBox TxtFind{FrmSingle, "TxtFind"};
+  ui::ControlArray<ui::ListBox> LstCsingle{FrmSingle, "LstCsingle", kCommandGroups};
+  ui::Label LblRecent{FrmSingle, "LblRecent"};
+  ui::ComboBox CmbRecent{FrmSingle, "CmbRecent"};
+  ui::Button CmdExec{FrmSingle, "CmdExec"};
+  ui::Button CmdStop{FrmSingle, "CmdStop"};
+  ui::ControlArray<ui::TextBox> TxtIO{FrmSingle, "TxtIO", 3};
+
+  // The Maintenance Menu.
+  ui::Frame FrmMulti{*this, "FrmMulti"};
+  ui::ControlArray<ui::OptionButton> Option1{FrmMulti, "Option1", kMaintenanceOptions};
+  ui::Button CmdMultExec{FrmMulti, "CmdMultExec"};
+  ui::Button CmdMultStop{FrmMulti, "CmdMultStop"};
+  ui::TextBox TxtIOm{FrmMulti, "TxtIOm"};
+
+  ui::ControlArray<ui::Label> LblTitle{*this, "LblTitle", state::kPanels};
+  state::SensorPanels Panels{*this};
+  ui::Frame FrameOutput{*this, "FrameOutput"};
+  ui::TextBox TextOutput{FrameOutput, "TextOutput"};
+  ui::Frame FrmDbg{*this, "FrmDbg"};
+  ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
+
+  CommFlags Flags;
+  MaintenanceOptions Options{Option1};
+
+  // Each shows nothing more once the window closes.
+  void ShowReport(const std::string& text);
+  void AddToReport(const std::string& text) { ShowReport(TextOutput.Text.Get() + text); }
+  void ShowIoText(int index, const std::string& text);
+  // The status line of the Maintenance Menu.
+  void ShowStatusLine(const std::string& text);
+
+  // Tells in the status line of the Maintenance Menu whether the answer begins with one of the
+  // characters `accepted`; if so, `extra` follows in a line of its own. True if it does.
+  bool CheckAnswer(const std::string& answer, std::string_view accepted, const std::string& extra);
+
+  // The four panels with their titles, and the report's frame.
+  void ShowPanel(int panel);
+  void HidePanels();
+  void ShowReportFrame();
+  void HideReportFrame();
+  // Greys a panel out.
+  void ClearInputs() { Work.Decoder.DecodeInputs(Panels, kClearAnswer); }
+  void ClearOutputs() { Work.Decoder.DecodeOutputs(Panels, kClearAnswer); }
+
+  // Sends a row as it stands, or with an argument; the template is put back. The answer comes in
+  // upper case.
+  std::string Send(int row);
+  std::string Send(int row, const std::string& argument);
+  // The same with the time-out of a row that moves something.
+  std::string SendMoving(int row, const std::string& argument);
+  // The row's name.
+  const std::string& Description(int row) const { return Work.Table.Row(row).Description; }
+
+  // Serves events until the time is over, `goOn` is cleared or the window closes. True if the
+  // window closes.
+  bool AbortableWait(double seconds, const bool& goOn);
+  // The same without a flag of its own.
+  bool Wait(double seconds);
+
+  CommParts Work;
+
+ private:
+  static constexpr const char* kClearAnswer = "R";
+};
+
+// The text between lines of dashes, as the operator is told what to do next.
+std::string Framed(const std::string& text);
+
+}  // namespace tintbench::commands

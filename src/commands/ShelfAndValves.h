@@ -1,0 +1,47 @@
+// Moves the shelf with a guard against a double command, makes sure that a can stands under the
+// nozzles, punches it, and runs the timed test of all valves.
+#pragma once
+
+#include <string>
+
+#include "commands/CommWindow.h"
+#include "commands/ElementSender.h"
+
+namespace tintbench::commands {
+
+class ShelfAndValves {
+ public:
+  ShelfAndValves(CommWindow& window, ElementSender& sender) : window_(window), sender_(sender) {}
+
+  // Books a move of the shelf that the machine has accepted: row 25 up, row 26 down. The machine
+  // takes the same command a second time as a stop.
+  void ShelfMotion(int row, const std::string& answer);
+  bool IsMovingUp() const { return up_.Moving; }
+  bool IsMovingDown() const { return down_.Moving; }
+
+  // Moves the shelf; within ten seconds of a move the other way, stops that one instead.
+  void ShelfUp();
+  void ShelfDown();
+  void AutomaticPunching();
+  void ValveTest();
+
+  // Has the operator put a can on the shelf, and moves it up. 1 if the can is there, 0 if the
+  // operator gave up, -1 if it did not come, -2 if its sensor isn't in the configuration.
+  int ShelfonCompletelyWithCan();
+  // Switches everything off and makes sure of the can. True if a purge may begin.
+  bool CheckPurgeConditions();
+
+ private:
+  // One of the shelf's two ways.
+  struct Way {
+    bool Moving = false;
+    double Since = 0;  // on the program's clock
+  };
+
+  CommWindow& window_;
+  ElementSender& sender_;
+  Way up_;
+  Way down_;
+};
+
+}  // namespace tintbench::commands
