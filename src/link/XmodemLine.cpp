@@ -26,6 +26,7 @@ void XmodemLine::SendChar(int code) {
 
 void XmodemLine::Send(std::string_view characters) {
   port_.Output(characters);
+  if (trace_ == nullptr) return;
   for (const char character : characters) Trace("(S=", ")(", character, ")");
 }
 
@@ -43,6 +44,8 @@ void XmodemLine::CancelTransfer() {
 }
 
 bool XmodemLine::AwaitCharacter(int timeoutMs) {
+  // Mostly the next character is there already, and the clock needn't be asked.
+  if (port_.InBufferCount() > 0) return true;
   const double end =
       timeoutMs == 0 ? std::numeric_limits<double>::infinity() : clock_.Now() + timeoutMs / 1000.0;
   while (port_.PortOpen()) {

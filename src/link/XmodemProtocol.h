@@ -70,16 +70,20 @@ struct XmodemRetries {
   XmodemRetry NextBlock{kXmodemAck, 10, 10000, {kXmodemSoh, kXmodemStx, kXmodemCan, kXmodemEot}};
 };
 
-// One byte more in a CRC-16/XMODEM: polynomial 0x1021, start 0, highest bit first.
-constexpr std::uint32_t Crc16Update(std::uint32_t crc, unsigned char byte) {
-  std::uint32_t shifted = static_cast<std::uint32_t>(byte) << 8U;
-  for (int round = 0; round < 8; ++round) {
-    const bool top = ((shifted ^ crc) & 0x8000U) != 0;
-    crc = (crc << 1U) & 0xFFFFU;
-    if (top) crc ^= 0x1021U;
-    shifted <<= 1U;
+// The CRC-16/XMODEM of each single byte: polynomial 0x1021, start 0, highest bit first.
+inline constexpr std::array<std::uint16_t, 256> kCrc16OfByte = [] {
+  std::array<std::uint16_t, 256> table{};
+  for (std::uint32_t byte = 0; byte < table.size(); ++byte) {
+    std::uint32_t crc = byte << 8U;
+    for (int bit = 0; bit < 8; ++bit) crc = (crc << 1U) ^ ((crc & 0x8000U) != 0 ? 0x1021U : 0U);
+    table[byte] = static_cast<std::uint16_t>(crc);
   }
-  return crc;
+  return table;
+}();
+
+// One byte more in such a CRC.
+constexpr std::uint32_t Crc16Update(std::uint32_t crc, unsigned char byte) {
+  return ((crc << 8U) & 0xFF00U) ^ kCrc16OfByte[((crc >> 8U) ^ byte) & 0xFFU];
 }
 
 }  // namespace tintbench::link
