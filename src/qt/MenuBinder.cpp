@@ -69,6 +69,7 @@ void MenuBinder::Entry::OwnerGone() {
 
 void MenuBinder::Entry::Show() {
   action_.setText(ToQt(control_->Caption.Get()));
+  action_.setToolTip(ToQt(control_->ToolTipText.Get()));
   action_.setSeparator(control_->Caption.Get() == kSeparator);
   action_.setEnabled(control_->Enabled);
   action_.setVisible(control_->Visible);
@@ -89,6 +90,7 @@ QMenu* MenuBinder::Entry::Items(bool wanted) {
     items_ = std::make_unique<QMenu>(&bar_);
     items_->setObjectName(action_.objectName());
     items_->setAccessibleName(action_.objectName());
+    items_->setToolTipsVisible(true);
     action_.setMenu(items_.get());
     connect(items_.get(), &QMenu::aboutToShow, this, [this] { Press(); });
   } else if (!wanted && items_ != nullptr) {

@@ -66,6 +66,7 @@ Form1::Form1(const Form1Parts& parts)
   TxtDbgIO.Prepare([](ui::TextBox& box, int) { box.Locked = true; });
   ConnectMenus();
   ConnectPanels();
+  TellKeys();
   RebuildGroupsMenu();
   MarkStyles();
 }
@@ -107,6 +108,15 @@ void Form1::ConnectMenus() {
   };
 }
 
+void Form1::TellKeys() {
+  for (ui::Menu* item : {&WButton, &WCircleBox, &WSquareBox}) item->ToolTipText = "Shift+I";
+  for (ui::Menu* item : {&GSquareLed, &GCircleLed}) item->ToolTipText = "Shift+G";
+  IMax.ToolTipText = "Ctrl+I";
+  OMax.ToolTipText = "Ctrl+O";
+  EMax.ToolTipText = "Ctrl+S";
+  GMax.ToolTipText = "Ctrl+G";
+}
+
 void Form1::ConnectPanels() {
   CmdResize.Prepare([this](ui::Button& button, int panel) {
     button.Caption = kPanelTitles.at(static_cast<std::size_t>(panel));
@@ -119,6 +129,9 @@ void Form1::ConnectPanels() {
     state::ShowSensorUnderPointer(Panels, event.X, event.Y, parts_.Status.FirmwareVersion);
   };
   Timer1.Tick = [this] { poll_.Tick(); };
+  // The card has the focus until the operator wants to read the errors.
+  Panels.ErText1.GotFocus = [this] { Panels.GRPicIOcard.Tag = ""; };
+  Panels.GRPicIOcard.GotFocus = [this] { Panels.GRPicIOcard.Tag = kFocusWanted; };
   // A window in front may have the port closed and opened for reasons of its own.
   TimerLink.Tick = [this] {
     if (parts_.Screen.Front() == this && !linking_) care_.Watch();

@@ -133,6 +133,7 @@ struct Form1 : ui::Form, link::LinkView {
  private:
   void ConnectMenus();
   void ConnectPanels();
+  void TellKeys();
   void FirstActivation();
   void PlacePanel(int panel, bool small);
   void CmdResize_Click(int panel);

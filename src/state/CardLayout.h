@@ -54,8 +54,9 @@ inline constexpr CardPlace kProcessor{390, 165, 190, 170};
 inline constexpr CardPlace kDriverBank{650, 160, 290, 180};
 inline constexpr int kDriversInRow = 4;
 constexpr CardPlace DriverLampPlace(int output) {
+  const int row = output / kDriversInRow;
   return {kDriverBank.Left + 32 + 64.0 * (output % kDriversInRow),
-          kDriverBank.Top + 48 + 66.0 * (output / kDriversInRow), kLampSize, kLampSize};
+          kDriverBank.Top + 48 + 66.0 * row, kLampSize, kLampSize};
 }
 
 }  // namespace tintbench::state

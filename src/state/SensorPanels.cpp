@@ -160,7 +160,7 @@ void ShowLamp(ui::Shape& lamp, ui::Colour colour) {
 
 void ApplyFrameSize(SensorPanels& panels, int panel, bool small) {
   ui::Frame& frame = panels.Frame(panel);
-  const PanelPlace& place = PanelLayout.at(static_cast<std::size_t>(panel));
+  const PanelPlace& place = kPanelLayout.at(static_cast<std::size_t>(panel));
   frame.Visible = false;
   if (small) {
     frame.Left = kClientWidth * static_cast<double>(place.Left);

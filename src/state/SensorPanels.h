@@ -55,7 +55,7 @@ struct PanelPlace {
   float Top;
 };
 
-inline constexpr std::array<PanelPlace, kPanels> PanelLayout{{
+inline constexpr std::array<PanelPlace, kPanels> kPanelLayout{{
     {11.0F / 36, 89.0F / 96, 1.0F / 48, 5.0F / 96},
     {11.0F / 36, 89.0F / 96 / 2.8F, 25.0F / 72, 5.0F / 96},
     {11.0F / 36, 89.0F / 96 / 2.8F, 97.0F / 144, 5.0F / 96},
@@ -108,7 +108,7 @@ const SensorName& OutputName(const SensorNames& names, int output);
 // Gives a lamp the colour and the sign that goes with it.
 void ShowLamp(ui::Shape& lamp, ui::Colour colour);
 
-// Places a frame: its row of PanelLayout if `small`, otherwise over the whole window.
+// Places a frame: its row of kPanelLayout if `small`, otherwise over the whole window.
 void ApplyFrameSize(SensorPanels& panels, int panel, bool small);
 
 // Places the frame's button above it, in a window that has such buttons.
