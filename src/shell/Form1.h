@@ -132,6 +132,7 @@ struct Form1 : ui::Form, link::LinkView {
 
  private:
   void ConnectMenus();
+  void ConnectLevels();
   void ConnectPanels();
   void TellKeys();
   void FirstActivation();
