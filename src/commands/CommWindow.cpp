@@ -102,10 +102,9 @@ std::string CommWindow::SendMoving(int row, const std::string& argument) {
 bool CommWindow::AbortableWait(double seconds, const bool& goOn) {
   const base::Clock& clock = Work.Screen.Time();
   const double end = clock.Now() + seconds;
-  while (goOn && !Flags.Closing && !Work.Screen.IsQuitting() && clock.Now() < end) {
-    Work.Screen.Idle(end - clock.Now());
-  }
-  return Flags.Closing;
+  const auto ending = [this] { return Flags.Closing || Work.Screen.IsQuitting(); };
+  while (goOn && !ending() && clock.Now() < end) Work.Screen.Idle(end - clock.Now());
+  return ending();
 }
 
 bool CommWindow::Wait(double seconds) {

@@ -122,7 +122,7 @@ struct CommWindow : ui::Form {
   const std::string& Description(int row) const { return Work.Table.Row(row).Description; }
 
   // Serves events until the time is over, `goOn` is cleared or the window closes. True if the
-  // window closes.
+  // window closes, or the program ends.
   bool AbortableWait(double seconds, const bool& goOn);
   // The same without a flag of its own.
   bool Wait(double seconds);

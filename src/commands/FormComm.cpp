@@ -4,6 +4,12 @@
 
 namespace tintbench::commands {
 
+namespace {
+
+constexpr const char* kExitHint = "  [ PUSH < ESC > FOR EXIT ]";
+
+}  // namespace
+
 FormComm::FormComm(const CommParts& parts) : CommWindow(parts) { ConnectControls(); }
 
 void FormComm::ConnectControls() {
@@ -27,9 +33,14 @@ void FormComm::ConnectControls() {
 
 void FormComm::Form_Load() {
   Flags = {};
+  Caption = Work.MainWindow.Caption.Get() +
+            (function_ == kCommandMenu ? ".  Command Menu" : ".  Maintenance Menu") + kExitHint;
+  Options.Load(Work.Facts);
+  Work.Decoder.ClearLastAnswers();
   HidePanels();
   HideReportFrame();
   ShowReport("");
+  ShowStatusLine("");
   state::RebuildAllPanels(Panels, Work.Styles, Work.Names);
   Panels.GRPicIOcard.Picture = state::kCardPicture;
   FrmDbg.Visible = Work.Log.DebugLevel() == link::kDebugCommands;

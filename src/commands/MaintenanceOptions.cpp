@@ -25,6 +25,7 @@ void MaintenanceOptions::Load(const config::MachineFacts& facts) {
   optionAbsent_[kShelfUp] = optionAbsent_[kShelfDown] = !facts.HasShelf;
   optionAbsent_[kOpenEachCap] = optionAbsent_[kCloseEachCap] = facts.CapCount == 0;
   optionAbsent_[kCapIntermediate] = facts.CapThreePositionList.empty();
+  for (int option = 0; option < kMaintenanceOptions; ++option) buttons_(option).Value = false;
   UnlockOptions();
 }
 

@@ -61,7 +61,7 @@ class MaintenanceOptions {
  public:
   explicit MaintenanceOptions(ui::ControlArray<ui::OptionButton>& buttons);
 
-  // Leaves out what the machine doesn't have, and unlocks the rest.
+  // Leaves out what the machine doesn't have, unlocks the rest, and selects none.
   void Load(const config::MachineFacts& facts);
 
   void LockOptions();

@@ -1,0 +1,185 @@
+#include "commands/MaintenanceMenu.h"
+
+#include <utility>
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace tintbench::commands {
+
+namespace {
+
+constexpr int kInputsRow = 0;
+constexpr int kOutputsRow = 1;
+constexpr int kStatusRow = 3;
+constexpr int kHoldProcessesRow = 12;
+constexpr int kAllOffRow = 31;
+constexpr int kResetRow = 33;
+
+constexpr const char* kGood = "A";
+constexpr const char* kStatusLetters = "KEBN";
+// Firmware up to here ends a valve test by a reset alone.
+constexpr double kLastUnstoppableTest = 3.0;
+constexpr const char* kExecute = "E&XECUTE";
+
+}  // namespace
+
+void MaintenanceMenu::Load() {
+  currentOption_ = runningOption_ = kNoOption;
+  walk_.Restart();
+  walk_.ForgetSpeed();
+  window_.CmdMultExec.Caption = kExecute;
+  window_.CmdMultExec.Tag = "";
+}
+
+void MaintenanceMenu::KeyDown(ui::KeyEvent& key) {
+  if ((key.Shift & (ui::kCtrl | ui::kAlt)) != 0) return;
+  const int option = OptionOfKey(key.Code);
+  if (!window_.Flags.Idle) {
+    // Only what presses the halt button still has its way.
+    if (option == kNoOption && window_.ActiveControl() == &window_.CmdMultStop) return;
+    key.Code = 0;
+    StopRunning(option);
+    return;
+  }
+  if (option == kNoOption) return;
+  key.Code = 0;
+  if (!window_.Options.IsEnabled(option)) return;
+  window_.Options.Select(option);
+  Execute(option);
+}
+
+void MaintenanceMenu::Option1_Click(int option) {
+  const std::string caption = window_.Option1(option).Caption;
+  window_.CmdMultExec.Caption = base::Trim(base::Behind(caption, ']')) + kLineEnd + kExecute;
+  window_.CmdMultExec.Tag = std::to_string(option);
+}
+
+void MaintenanceMenu::CmdMultExec_Click() {
+  const std::string tag = window_.CmdMultExec.Tag;
+  if (tag.empty()) return;
+  const int option = base::LeadingInt(tag);
+  if (window_.Flags.Idle) {
+    Execute(option);
+  } else {
+    StopRunning(option);
+  }
+}
+
+// A motor that is watched, and a purge, end by their own key.
+void MaintenanceMenu::StopRunning(int option) {
+  if (option != runningOption_) return;
+  if (option == kEachMotor) window_.Flags.MotorRunning = false;
+  if (option == kPurge) window_.Flags.PurgeRunning = false;
+}
+
+// May run once more inside itself: the sensors can be read while the valves are tested.
+void MaintenanceMenu::Execute(int option) {
+  window_.Flags.Idle = false;
+  const int outer = std::exchange(runningOption_, option);
+  const bool another = option != currentOption_;
+  if (another) {
+    walk_.Restart();
+    window_.HidePanels();
+    if (!window_.Flags.ValveTestRunning) {
+      window_.HideReportFrame();
+      window_.ShowReport("");
+    }
+  }
+  RunAction(option, another);
+  runningOption_ = outer;
+  window_.Flags.Idle = true;
+  currentOption_ = option;
+}
+
+void MaintenanceMenu::RunAction(int option, bool another) {
+  // The report would hide the card that goes with the sensors.
+  if (option > kReadStatus) window_.ShowReportFrame();
+  switch (option) {
+    case kReadInputs:
+      return ReadInputs();
+    case kReadOutputs:
+      return ReadOutputs();
+    case kReadStatus:
+      return ReadStatus();
+    case kReset:
+      return MachineReset();
+    case kPunching:
+      return shelf_.AutomaticPunching();
+    case kValveTest:
+      return shelf_.ValveTest();
+    case kShelfUp:
+      return shelf_.ShelfUp();
+    case kShelfDown:
+      return shelf_.ShelfDown();
+    case kPurge:
+      return purge_.PurgeRun(another);
+    default:
+      while (walk_.Step(option)) {
+      }
+  }
+}
+
+void MaintenanceMenu::ReadInputs() {
+  window_.ShowPanel(state::kInputPanel);
+  if (!window_.FrameOutput.Visible) window_.ShowPanel(state::kCardPanel);
+  const std::string answer = window_.Send(kInputsRow);
+  window_.CheckAnswer(answer, kGood, "");
+  window_.ClearOutputs();
+  window_.Work.Decoder.DecodeInputs(window_.Panels, answer);
+}
+
+void MaintenanceMenu::ReadOutputs() {
+  window_.ShowPanel(state::kOutputPanel);
+  if (!window_.FrameOutput.Visible) window_.ShowPanel(state::kCardPanel);
+  const std::string answer = window_.Send(kOutputsRow);
+  window_.CheckAnswer(answer, kGood, "");
+  window_.ClearInputs();
+  window_.Work.Decoder.DecodeOutputs(window_.Panels, answer);
+}
+
+void MaintenanceMenu::ReadStatus() {
+  window_.ShowPanel(state::kStatusPanel);
+  const std::string answer = window_.Send(kStatusRow);
+  window_.CheckAnswer(answer, kStatusLetters, "");
+  window_.Work.Decoder.DecodeStatus(window_.Panels, answer);
+}
+
+void MaintenanceMenu::MachineReset() {
+  window_.CheckAnswer(window_.SendMoving(kResetRow, ""), kGood, "");
+  // The machine starts its timed processes again after a reset.
+  if (window_.Work.Status.LinkState > link::kPortOpen) window_.Send(kHoldProcessesRow);
+}
+
+void MaintenanceMenu::CmdMultStop_Click() {
+  CommFlags& flags = window_.Flags;
+  if (!flags.Closing) flags.HaltPressed = true;
+  // Meanwhile a reading may be the option selected.
+  const bool testing = std::exchange(flags.ValveTestRunning, false);
+  if (testing) window_.Options.UnlockOptions();
+  walk_.Restart();
+  flags.MotorRunning = flags.PurgeRunning = flags.CanWaitActive = false;
+  if (flags.ShelfWaitActive && shelf_.IsMovingUp()) shelf_.ShelfUp();
+  const int option = testing ? kValveTest : window_.Options.Selected();
+  const std::optional<std::string> stopped = StopMachine(option);
+  const double firmware = base::LeadingNumber(window_.Work.Status.FirmwareVersion);
+  if (option == kValveTest && firmware <= kLastUnstoppableTest) MachineReset();
+  if (stopped) window_.CheckAnswer(*stopped, kGood, "( process stopped )");
+}
+
+// The machine's answer, if everything was switched off; nothing if the shelf alone was stopped, or
+// if it is a purge that ends in order.
+std::optional<std::string> MaintenanceMenu::StopMachine(int option) {
+  if (option == kShelfUp && shelf_.IsMovingUp()) {
+    shelf_.ShelfUp();
+    return std::nullopt;
+  }
+  if (option == kShelfDown && shelf_.IsMovingDown()) {
+    shelf_.ShelfDown();
+    return std::nullopt;
+  }
+  if (option == kPurge && !window_.Flags.Closing) return std::nullopt;
+  return window_.Send(kAllOffRow);
+}
+
+}  // namespace tintbench::commands

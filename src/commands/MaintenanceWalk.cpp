@@ -1,0 +1,196 @@
+#include "commands/MaintenanceWalk.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace tintbench::commands {
+
+namespace {
+
+constexpr int kNoRow = -1;
+constexpr int kCapOpen = 21;
+constexpr int kCapMiddle = 23;
+constexpr int kMotorOn = 28;
+constexpr int kMotorOff = 29;
+constexpr int kMotorSpeed = 30;
+
+constexpr int kElementLength = 2;
+constexpr std::size_t kSpeedLength = 3;
+constexpr int kLargestSpeed = 999;
+
+// The motor's speed in an answer, in hundredths of a turn per minute, and how often it is asked.
+constexpr int kSpeedPosition = 12;
+constexpr int kSpeedDigits = 10;
+constexpr double kSpeedUnit = 100.0;
+constexpr double kWatchPause = 1.0;  // seconds
+
+bool MovesCap(int row) { return row >= kCapOpen && row <= kCapMiddle; }
+
+std::string SpeedLine(const std::string& rpm) { return "Speed received [ " + rpm + " rpm ]"; }
+
+std::string NextStepHint(int row) {
+  if (MovesCap(row)) {
+    return base::JoinLines(
+        {"Press again the same key to:", "- enable the command for the next element"});
+  }
+  return base::JoinLines(
+      {"Press again the same key to:", "- disable the command for the current element and",
+       "- enable the command for the next element", "", "PRESS <HALT PROCESS> TO STOP"});
+}
+
+}  // namespace
+
+struct MaintenanceWalk::Walk {
+  int Option;
+  int OnRow;
+  int OffRow;  // kNoRow: nothing to switch off, and the walk goes round for ever
+  config::ElementKind Elements;
+};
+
+const MaintenanceWalk::Walk* MaintenanceWalk::WalkOf(int option) {
+  static constexpr std::array<Walk, 6> kWalks{{
+      {kEachValve, 17, 18, config::kCircuits},
+      {kOpenEachCap, kCapOpen, kNoRow, config::kCaps},
+      {kCloseEachCap, 22, kNoRow, config::kCaps},
+      {kEachMotor, kMotorOn, kMotorOff, config::kMotors},
+      {kEachStirring, 19, 20, config::kStirrings},
+      {kCapIntermediate, kCapMiddle, kNoRow, config::kCaps},
+  }};
+  const auto* const found = std::find_if(
+      kWalks.begin(), kWalks.end(), [option](const Walk& walk) { return walk.Option == option; });
+  return found != kWalks.end() ? found : nullptr;
+}
+
+void MaintenanceWalk::Restart() {
+  position_ = 0;
+  element_.clear();
+}
+
+bool MaintenanceWalk::Step(int option) {
+  if (WalkOf(option) == nullptr) return false;
+  const Walk& walk = *WalkOf(option);
+  const bool offDone = walk.OffRow == kMotorOff && motorOffDone_;
+  if (walk.OffRow != kNoRow && !element_.empty() && !offDone) SwitchOff(walk.OffRow, element_);
+  std::string next = TakeNext(walk);
+  if (next.empty()) {
+    Restart();
+    if (walk.OffRow == kNoRow) next = TakeNext(walk);
+  }
+  if (next.empty()) return false;
+  if (walk.OnRow == kMotorOn) return StepMotor(next, IsAtLast(walk));
+  SwitchOn(walk.OnRow, next, {});
+  element_ = next;
+  return false;
+}
+
+std::string MaintenanceWalk::TakeNext(const Walk& walk) {
+  const config::MachineFacts& facts = window_.Work.Facts;
+  const std::string& list = facts.ElementLists[walk.Elements];
+  std::string element;
+  do {
+    element = base::GetField(++position_, list, ",");
+  } while (walk.OnRow == kCapMiddle && !element.empty() &&
+           base::FindField(element, facts.CapThreePositionList, ",") == 0);
+  return element;
+}
+
+bool MaintenanceWalk::IsAtLast(const Walk& walk) const {
+  return position_ >= base::CountFields(window_.Work.Facts.ElementLists[walk.Elements], ",");
+}
+
+// A motor runs, with its speed on show, until the operator goes on.
+bool MaintenanceWalk::StepMotor(const std::string& motor, bool last) {
+  const std::optional<std::string> speed = SpeedPrompt(motor);
+  // A motor that failed to answer may run all the same: its off step is due.
+  element_ = motor;
+  motorOffDone_ = !speed;
+  if (!speed) {
+    if (last) Restart();
+    return false;
+  }
+  if (!SwitchOn(kMotorOn, motor, *speed)) return false;
+  if (MotorSpeedWatch(motor)) {
+    motorOffDone_ = true;
+    return false;
+  }
+  if (!last) return true;
+  SwitchOff(kMotorOff, motor);
+  Restart();
+  return false;
+}
+
+void MaintenanceWalk::SwitchOff(int row, const std::string& element) {
+  window_.ShowReport(window_.Description(row) + kLineEnd + kLineEnd + element + " -> ");
+  const bool good = CheckEcho(window_.Send(row, element), element, row);
+  window_.AddToReport(good ? "Success !" : "Failure !");
+}
+
+bool MaintenanceWalk::SwitchOn(int row, const std::string& element, const std::string& speed) {
+  const std::string argument = element + speed;
+  const std::string shownSpeed = row == kMotorOn ? " (Speed=" + speed + ")" : std::string();
+  window_.ShowReport(window_.Description(row) + kLineEnd + kLineEnd + element + shownSpeed +
+                     " -> ");
+  const std::string answer =
+      MovesCap(row) ? window_.SendMoving(row, argument) : window_.Send(row, argument);
+  const bool good = CheckEcho(answer, argument, row);
+  window_.AddToReport((good ? "Success !" : "Failure !") + Framed(NextStepHint(row)));
+  return good;
+}
+
+// The machine repeats the element, and says of a cap whether it has moved.
+bool MaintenanceWalk::CheckEcho(const std::string& answer, const std::string& argument, int row) {
+  const std::string told = base::Trim(answer) + std::string(kElementLength + 2, ' ');
+  if (told.substr(0, kElementLength + 1) != "A" + base::Left(argument, kElementLength)) {
+    window_.ShowStatusLine(kRefused);
+    return false;
+  }
+  const bool good = !MovesCap(row) || told[kElementLength + 1] == 'K';
+  window_.ShowStatusLine(std::string(kAccepted) + kLineEnd + (good ? kSuccess : kFail));
+  return good;
+}
+
+std::optional<std::string> MaintenanceWalk::SpeedPrompt(const std::string& motor) {
+  ui::Question question{
+      .Prompt = "Input 3 decimal characters for the speed of motor " + base::Bracketed(motor),
+      .Title = window_.Description(kMotorOn),
+      .Default = lastSpeed_};
+  while (true) {
+    const std::string reply = window_.Work.Screen.Ask(question).value_or("");
+    if (reply.empty()) return std::nullopt;
+    const int speed = base::IsNumeric(reply) ? base::LeadingInt(reply) : 0;
+    if (reply.size() <= kSpeedLength && speed > 0 && speed <= kLargestSpeed) {
+      lastSpeed_ = base::LastDigits(speed, kSpeedLength);
+      return lastSpeed_;
+    }
+    question.Default = reply;
+  }
+}
+
+bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
+  CommFlags& flags = window_.Flags;
+  flags.HaltPressed = false;
+  flags.MotorRunning = true;
+  window_.Options.AllowOnly(std::to_string(kEachMotor) + ",", "");
+  const std::string before = window_.TextOutput.Text;
+  std::string line = SpeedLine("0");
+  window_.ShowReport(before + line);
+  while (!window_.AbortableWait(kWatchPause, flags.MotorRunning) && flags.MotorRunning) {
+    const std::string answer = window_.Send(kMotorSpeed, motor);
+    const bool good = base::Left(answer, 1) == "A";
+    if (good) {
+      const std::string digits = base::Mid(answer, kSpeedPosition, kSpeedDigits);
+      line = SpeedLine(base::PlainNumber(base::LeadingNumber(digits) / kSpeedUnit));
+    }
+    window_.ShowReport(before + line + (good ? "" : kInvalidData));
+  }
+  // Only a program that ends leaves it set.
+  const bool halted = flags.HaltPressed || flags.Closing || flags.MotorRunning;
+  flags.MotorRunning = false;
+  window_.Options.UnlockOptions();
+  return halted;
+}
+
+}  // namespace tintbench::commands
