@@ -13,13 +13,16 @@
 
 namespace tintbench::testing {
 
-// Answers every box with OK. Once the main window shows, calls `OnMainWindow`, does what is in
+// Answers every box with OK, and questions with `Replies` in turn, giving up when there is none
+// left. Once the main window shows, calls `OnMainWindow`, does what is in
 // `Hand`, one thing at a time between events, and closes the windows from the front one back.
 class NotingScreen final : public ui::Screen {
  public:
   explicit NotingScreen(base::Clock& clock) : ui::Screen(clock) {}
 
   std::vector<ui::Box> Boxes;
+  std::vector<ui::Question> Questions;
+  std::deque<std::string> Replies;
   std::function<void()> OnMainWindow;
   std::deque<std::function<void()>> Hand;
 
@@ -41,7 +44,13 @@ class NotingScreen final : public ui::Screen {
     Boxes.push_back(box);
     return ui::Answer::OK;
   }
-  std::optional<std::string> Ask(const ui::Question&) override { return std::nullopt; }
+  std::optional<std::string> Ask(const ui::Question& question) override {
+    Questions.push_back(question);
+    if (Replies.empty()) return std::nullopt;
+    std::string reply = std::move(Replies.front());
+    Replies.pop_front();
+    return reply;
+  }
   std::optional<std::string> Ask(const ui::FileRequest&) override { return std::nullopt; }
   double TextWidth(const ui::Form&, std::string_view text) const override {
     return static_cast<double>(text.size());
