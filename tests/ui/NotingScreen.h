@@ -1,9 +1,11 @@
-// A screen for tests: it notes every box and answers it, and has no windows and no operator.
+// A screen for tests: it notes every box and question and answers it, and has no windows; the
+// operator does what the test has told, in turn or at its time.
 #pragma once
 
 #include <algorithm>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -13,16 +15,17 @@
 
 namespace tintbench::testing {
 
-// Answers every box with OK, and questions with `Replies` in turn, giving up when there is none
-// left. Once the main window shows, calls `OnMainWindow`, does what is in
-// `Hand`, one thing at a time between events, and closes the windows from the front one back.
+// Answers every box with OK, and gives every question up, unless `Answers` and `Replies` say
+// otherwise. Once the main window shows, calls `OnMainWindow`, does what is in `Hand`, one thing at
+// a time between events, then what has a time, and closes the windows from the front one back.
 class NotingScreen final : public ui::Screen {
  public:
   explicit NotingScreen(base::Clock& clock) : ui::Screen(clock) {}
 
   std::vector<ui::Box> Boxes;
   std::vector<ui::Question> Questions;
-  std::deque<std::string> Replies;
+  std::deque<ui::Answer> Answers;   // to the next boxes; OK behind the last
+  std::deque<std::string> Replies;  // to the next questions; given up behind the last
   std::function<void()> OnMainWindow;
   std::deque<std::function<void()>> Hand;
 
@@ -31,6 +34,11 @@ class NotingScreen final : public ui::Screen {
     const bool before = std::exchange(waiting_, true);
     act();
     waiting_ = before;
+  }
+
+  // Has the hand do something in so many seconds, whatever process waits then.
+  void After(double seconds, std::function<void()> act) {
+    later_.emplace(Time().Now() + seconds, std::move(act));
   }
 
   // Lets time pass.
@@ -42,14 +50,11 @@ class NotingScreen final : public ui::Screen {
 
   ui::Answer Ask(const ui::Box& box) override {
     Boxes.push_back(box);
-    return ui::Answer::OK;
+    return Next(Answers).value_or(ui::Answer::OK);
   }
   std::optional<std::string> Ask(const ui::Question& question) override {
     Questions.push_back(question);
-    if (Replies.empty()) return std::nullopt;
-    std::string reply = std::move(Replies.front());
-    Replies.pop_front();
-    return reply;
+    return Next(Replies);
   }
   std::optional<std::string> Ask(const ui::FileRequest&) override { return std::nullopt; }
   double TextWidth(const ui::Form&, std::string_view text) const override {
@@ -62,22 +67,36 @@ class NotingScreen final : public ui::Screen {
     if (OnMainWindow) {
       Alone(std::exchange(OnMainWindow, nullptr));
     } else if (!Hand.empty()) {
-      const std::function<void()> next = std::move(Hand.front());
-      Hand.pop_front();
-      next();
+      (*Next(Hand))();
+    } else if (!later_.empty()) {
+      if (Time().Now() < later_.begin()->first) return false;
+      const std::function<void()> act = std::move(later_.begin()->second);
+      later_.erase(later_.begin());
+      act();
     } else {
       Alone([this] { CloseByOperator(*Front()); });
     }
     return true;
   }
   void AwaitOperator(double when) override {
-    Time().SleepUntil(std::min(when, Time().Now() + 1.0));
+    const double due = later_.empty() ? when : std::max(Time().Now(), later_.begin()->first);
+    Time().SleepUntil(std::min({when, due, Time().Now() + 1.0}));
   }
   void Appeared(ui::Form&, bool) override {}
   void Vanished(ui::Form&) override {}
 
  private:
+  // Takes the first one out of a queue.
+  template <typename Thing>
+  static std::optional<Thing> Next(std::deque<Thing>& queue) {
+    if (queue.empty()) return std::nullopt;
+    std::optional<Thing> first = std::move(queue.front());
+    queue.pop_front();
+    return first;
+  }
+
   bool waiting_ = false;
+  std::multimap<double, std::function<void()>> later_;
 };
 
 }  // namespace tintbench::testing
