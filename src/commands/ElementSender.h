@@ -3,10 +3,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "commands/CommWindow.h"
 
 namespace tintbench::commands {
+
+// The text in pieces of `width` characters; the last may be shorter.
+std::vector<std::string> Pieces(std::string_view text, std::size_t width);
 
 class ElementSender {
  public:
@@ -14,14 +19,27 @@ class ElementSender {
 
   // Sends the row for `elements`, adjacent two-digit numbers, with `speeds`, three digits for each
   // of them, for row 28. True if every answer was as expected, and if the machine has nothing that
-  // the row moves.
+  // the row moves. Between elements that it opens or starts it serves events, and sends no more of
+  // them after HALT; elements that it closes or stops are done one and all.
   bool SendElements(int row, const std::string& elements = {}, const std::string& speeds = {});
+
+  // Waits and serves events, to the end at most: HALT and a closing window cut it short. False if
+  // nothing more may be opened or started.
+  bool Pause(double seconds);
+  // True once the operator wants no more: HALT, a closing window, the end of the program.
+  bool IsStopped() const;
 
   // Waits for an answer as long as `expected`, in which "*" stands for any character. 0 if it came,
   // -1 for another one, -2 for none within five seconds.
   int GetDoubleAnswer(const std::string& expected);
 
  private:
+  bool HasWhatItMoves(int row) const;
+  bool SendRound(int row, const std::string& piece, const std::string& speed,
+                 const std::string& expected);
+  bool SendEach(int row, const std::string& elements, const std::string& speeds);
+  bool AwaitCharacters(std::size_t count);
+
   CommWindow& window_;
 };
 

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "commands/CommWindow.h"
 #include "commands/ElementSender.h"
@@ -22,13 +23,48 @@ class PurgeProcess {
       : window_(window), sender_(sender), shelf_(shelf) {}
 
   // One press of the purge's key: a batch from its start to its end. `afresh` forgets what earlier
-  // presses have left.
+  // presses have left. HALT is felt until everything is to be closed; that is done without a look
+  // at the operator. Sends nothing once the window closes.
   void PurgeRun(bool afresh);
 
  private:
+  // The elements that are opened together: adjacent two-digit numbers.
+  struct Batch {
+    std::string Circuits;
+    std::string Caps;
+    std::string Motors;
+    std::string Speeds;
+  };
+  // One command of the starting or ending sequence, and the wait behind it in seconds.
+  struct Step {
+    int Row;
+    std::string Elements;
+    double Pause;
+    std::string Speeds = {};
+  };
+
+  void Forget();
+  bool Prepare();
+  bool AskCircuits();
+  bool AskSpeeds();
+  std::string AskSpeed(const std::string& motor);
+  std::size_t BatchSize() const;
+  Batch TakeBatch();
+  void RunBatch(const Batch& batch);
+  bool Start(const Batch& batch);
+  bool End(const Batch& batch);
+  void TellEnd(bool good);
+  bool PurgeWatch();
+  bool WatchRound();
+  bool CheckMachineErrors();
+
   CommWindow& window_;
   ElementSender& sender_;
   ShelfAndValves& shelf_;
+  bool underWay_ = false;
+  std::string remaining_;  // circuits still to do: adjacent two-digit numbers
+  std::string speeds_;     // three digits and "," for each of the motors
+  std::string motors_;     // two digits and "," each
 };
 
 }  // namespace tintbench::commands

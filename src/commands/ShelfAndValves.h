@@ -6,6 +6,7 @@
 
 #include "commands/CommWindow.h"
 #include "commands/ElementSender.h"
+#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
@@ -20,8 +21,8 @@ class ShelfAndValves {
   bool IsMovingDown() const { return down_.Moving; }
 
   // Moves the shelf; within ten seconds of a move the other way, stops that one instead.
-  void ShelfUp();
-  void ShelfDown();
+  void ShelfUp() { MoveShelf(up_, down_); }
+  void ShelfDown() { MoveShelf(down_, up_); }
   void AutomaticPunching();
   void ValveTest();
 
@@ -34,14 +35,24 @@ class ShelfAndValves {
  private:
   // One of the shelf's two ways.
   struct Way {
+    int Row;
     bool Moving = false;
     double Since = 0;  // on the program's clock
   };
 
+  double Now() const { return window_.Work.Screen.Time().Now(); }
+  void MoveShelf(const Way& wanted, const Way& opposite);
+  int WaitForCan(double seconds);
+  int WaitWithShelf(double seconds, std::size_t place);
+  bool CanPhotocellObscured(std::size_t place);
+  void TellCanMissing(int code);
+  bool MayTestValves(int circuits);
+  void AwaitValveTestEnd();
+
   CommWindow& window_;
   ElementSender& sender_;
-  Way up_;
-  Way down_;
+  Way up_{rows::kShelfUp};
+  Way down_{rows::kShelfDown};
 };
 
 }  // namespace tintbench::commands

@@ -1,0 +1,168 @@
+#include "commands/ElementSender.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "commands/RowNumbers.h"
+
+namespace tintbench::commands {
+
+namespace {
+
+constexpr std::size_t kElementWidth = 2;
+constexpr std::size_t kSpeedWidth = 3;
+constexpr double kPauseBetween = 0.8;    // seconds
+constexpr double kAnswerPatience = 5.0;  // seconds
+constexpr double kLookEvery = 0.01;      // seconds, while an answer is arriving
+
+constexpr int kAsExpected = 0;
+constexpr int kOtherAnswer = -1;
+constexpr int kNoAnswer = -2;
+
+bool IsCapMove(int row) { return row == rows::kCapOpen || row == rows::kCapClose; }
+bool IsMotor(int row) { return row == rows::kMotorOn || row == rows::kMotorOff; }
+bool IsForEach(int row) { return IsCapMove(row) || IsMotor(row); }
+
+// Whether the row opens or starts something, so that the operator's HALT must come in between.
+bool IsStart(int row) { return row == rows::kCapOpen || row == rows::kMotorOn; }
+
+std::string ExpectedAnswer(int row, const std::string& elements) {
+  return "A" + elements + (row == rows::kVerify || IsCapMove(row) ? "K" : "");
+}
+
+std::string ResultText(int row, int result) {
+  if (result == kNoAnswer) return "Machine doesn't answer !";
+  if (result == kAsExpected) {
+    return row == rows::kVerify ? "All conditions for purge are OK" : "Success !";
+  }
+  if (row != rows::kVerify) return "Failure !";
+  return base::JoinLines({"Failure !", "Please, check all conditions for",
+                          "  purge process on the machine", "  ( can is present ? ... )"});
+}
+
+// The elements of a round with blanks between them.
+std::string ElementsText(const std::string& piece) {
+  return piece.empty() ? "" : " [ " + base::Join(Pieces(piece, kElementWidth), " ") + " ]";
+}
+
+bool Matches(std::string_view received, std::string_view expected) {
+  if (expected.find('*') == std::string_view::npos) return received == expected;
+  return received.size() <= expected.size() &&
+         std::equal(received.begin(), received.end(), expected.begin(),
+                    [](char got, char wanted) { return wanted == '*' || got == wanted; });
+}
+
+}  // namespace
+
+std::vector<std::string> Pieces(std::string_view text, std::size_t width) {
+  std::vector<std::string> pieces;
+  for (std::size_t at = 0; at < text.size(); at += width) {
+    pieces.emplace_back(text.substr(at, width));
+  }
+  return pieces;
+}
+
+bool ElementSender::HasWhatItMoves(int row) const {
+  const config::MachineFacts& facts = window_.Work.Facts;
+  switch (row) {
+    case rows::kCapOpen:
+    case rows::kCapClose:
+      return facts.CapCount != 0;
+    case rows::kCapIntermediate:
+      return !facts.CapThreePositionList.empty();
+    case rows::kPunch:
+      return facts.HasPuncher;
+    case rows::kShelfUp:
+    case rows::kShelfDown:
+      return facts.HasShelf;
+    default:
+      return true;
+  }
+}
+
+bool ElementSender::SendElements(int row, const std::string& elements, const std::string& speeds) {
+  if (!HasWhatItMoves(row)) return true;
+  const bool takesElements = window_.Work.Table.Row(row).Command.find(' ') != std::string::npos;
+  if (takesElements && elements.empty()) return false;
+  if (row == rows::kMotorOn && speeds.size() * kElementWidth != elements.size() * kSpeedWidth) {
+    return false;
+  }
+  if (IsForEach(row)) return SendEach(row, elements, speeds);
+  const bool withPiece = row == rows::kValvesOn || row == rows::kValvesOff;
+  return SendRound(row, withPiece ? elements : "", "", ExpectedAnswer(row, elements));
+}
+
+bool ElementSender::SendEach(int row, const std::string& elements, const std::string& speeds) {
+  const std::vector<std::string> pieces = Pieces(elements, kElementWidth);
+  const std::vector<std::string> speedOf = Pieces(speeds, kSpeedWidth);
+  bool good = true;
+  for (std::size_t round = 0; round < pieces.size(); ++round) {
+    const std::string& piece = pieces[round];
+    // The machine echoes one cap a time, so several caps in one go never count as a success.
+    const std::string expected = ExpectedAnswer(row, IsMotor(row) ? piece : elements);
+    const std::string speed = row == rows::kMotorOn ? speedOf[round] : std::string();
+    good = SendRound(row, piece, speed, expected) && good;
+    if (pieces.size() == 1) break;
+    if (!IsStart(row)) {
+      window_.Work.Screen.Time().Sleep(kPauseBetween);
+    } else if (!Pause(kPauseBetween)) {
+      break;
+    }
+  }
+  return good;
+}
+
+bool ElementSender::IsStopped() const {
+  return window_.Flags.Closing || window_.Flags.HaltPressed || window_.Work.Screen.IsQuitting();
+}
+
+bool ElementSender::Pause(double seconds) {
+  ui::Screen& screen = window_.Work.Screen;
+  const double end = screen.Time().Now() + seconds;
+  while (!IsStopped() && screen.Time().Now() < end) screen.Idle(end - screen.Time().Now());
+  return !IsStopped();
+}
+
+bool ElementSender::SendRound(int row, const std::string& piece, const std::string& speed,
+                              const std::string& expected) {
+  const link::CommandRow& command = window_.Work.Table.Row(row);
+  const std::string speedText = speed.empty() ? "" : " -> speed " + base::Bracketed(speed);
+  window_.AddToReport(command.Description + ElementsText(piece) + base::TrimRight(speedText) +
+                      " ... ");
+  window_.Work.Port.Output(link::FinishCommand(command.Command, piece + speed));
+  const int result = GetDoubleAnswer(expected);
+  window_.AddToReport(ResultText(row, result) + kLineEnd);
+  return result == kAsExpected;
+}
+
+// What arrives too late or too short stays on the line: nobody reads it before the next answer.
+int ElementSender::GetDoubleAnswer(const std::string& expected) {
+  const std::string wanted = base::ToUpper(expected);
+  if (!AwaitCharacters(wanted.size())) return kNoAnswer;
+  const std::string received = window_.Work.Port.Input();
+  if (window_.Work.Log.DebugLevel() == link::kDebugCommands && !window_.Flags.Closing) {
+    window_.TxtDbgIO(1).Text = received;
+    window_.TxtDbgIO(1).Refresh();
+  }
+  return Matches(received, wanted) ? kAsExpected : kOtherAnswer;
+}
+
+bool ElementSender::AwaitCharacters(std::size_t count) {
+  link::SerialPort& port = window_.Work.Port;
+  base::Clock& clock = window_.Work.Screen.Time();
+  const double end = clock.Now() + kAnswerPatience;
+  std::size_t present = port.InBufferCount();
+  while (present < count) {
+    const double rest = end - clock.Now();
+    if (rest <= 0 || !port.PortOpen()) return false;
+    if (present == 0) {
+      port.WaitForInput(rest);
+    } else {
+      clock.SleepUntil(std::min(end, clock.Now() + kLookEvery));
+    }
+    present = port.InBufferCount();
+  }
+  return true;
+}
+
+}  // namespace tintbench::commands

@@ -1,0 +1,200 @@
+#include "commands/ShelfAndValves.h"
+
+#include <cmath>
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "commands/RowNumbers.h"
+#include "state/SensorNames.h"
+
+namespace tintbench::commands {
+
+namespace {
+
+constexpr double kGuardSeconds = 10.0;
+constexpr double kCanSeconds = 16.0;
+constexpr double kCanLookEvery = 0.7;
+constexpr double kTestLookEvery = 0.5;
+
+constexpr int kCanThere = 1;
+constexpr int kGivenUp = 0;
+constexpr int kCanMissing = -1;
+constexpr int kNoPhotocell = -2;
+
+constexpr const char* kCanTitle = "MOVE SHELF UP WITH CAN";
+constexpr const char* kValveTestTitle = "Cannot perform test!";
+constexpr const char* kGoOn = "Press OK to continue or CANCEL to abort.";
+constexpr const char* kHaltHint = "PRESS <HALT PROCESS> TO STOP";
+
+bool IsAccepted(const std::string& answer) { return !answer.empty() && answer[0] == 'A'; }
+
+std::string CanRequest(bool withShelf) {
+  const std::string shelf =
+      withShelf
+          ? base::JoinLines({"", "", "ATTENTION !", "If necessary, the SHELF will be MOVED UP !"})
+          : "";
+  return base::JoinLines({"ATTENTION !", "You ABSOLUTELY need a CAN for this process !",
+                          "Please, put a CAN on the shelf"}) +
+         shelf + base::JoinLines({"", "", kGoOn});
+}
+
+}  // namespace
+
+void ShelfAndValves::ShelfMotion(int row, const std::string& answer) {
+  if (!IsAccepted(answer)) return;
+  for (Way* way : {&up_, &down_}) {
+    if (way->Row != row) continue;
+    way->Moving = !way->Moving;
+    way->Since = Now();
+  }
+}
+
+void ShelfAndValves::MoveShelf(const Way& wanted, const Way& opposite) {
+  if (!window_.Work.Facts.HasShelf) return;
+  const bool stops = opposite.Moving && Now() - opposite.Since < kGuardSeconds;
+  const int row = (stops ? opposite : wanted).Row;
+  window_.ShowReportFrame();
+  window_.ShowReport(base::JoinLines({window_.Description(row), "", kHaltHint, "THE SHELF"}));
+  const std::string answer = window_.Send(row);
+  ShelfMotion(row, answer);
+  window_.CheckAnswer(answer, "A", "");
+}
+
+bool ShelfAndValves::CanPhotocellObscured(std::size_t place) {
+  constexpr std::size_t kAnswerLength = 9;
+  constexpr std::size_t kDigits = 5;
+  const std::string answer = window_.Send(rows::kInputs);
+  if (answer.size() != kAnswerLength || !IsAccepted(answer)) return false;
+  return state::HexToBinary(answer.substr(kAnswerLength - kDigits))[place] == '0';
+}
+
+int ShelfAndValves::WaitForCan(double seconds) {
+  const int connector = window_.Work.Facts.PhotocellConnector;
+  if (connector < 1 || connector > config::kConnectors) return kNoPhotocell;
+  // Connector 1 is the last of the bits.
+  const auto place = static_cast<std::size_t>(config::kConnectors - connector);
+  window_.Flags.CanWaitActive = true;
+  int code = kCanMissing;
+  if (CanPhotocellObscured(place)) {
+    code = kCanThere;
+  } else if (window_.Work.Facts.HasShelf) {
+    code = WaitWithShelf(seconds, place);
+  }
+  window_.Flags.CanWaitActive = false;
+  return code;
+}
+
+int ShelfAndValves::WaitWithShelf(double seconds, std::size_t place) {
+  const bool& goOn = window_.Flags.CanWaitActive;
+  const std::string report = window_.TextOutput.Text;
+  const double end = Now() + seconds;
+  const auto showRest = [&](double rest) {
+    window_.ShowReport(base::Bracketed(base::PlainNumber(rest)) + "wait please ... " + kLineEnd +
+                       kLineEnd + report);
+  };
+  window_.Flags.ShelfWaitActive = true;
+  window_.Options.LockOptions();
+  double shown = std::floor(seconds);
+  showRest(shown);
+  bool there = false;
+  while (goOn && !there && Now() < end && !window_.Work.Screen.IsQuitting()) {
+    if (window_.AbortableWait(kCanLookEvery, goOn) || !goOn) break;
+    const double rest = std::floor(end - Now());
+    if (rest >= 0 && rest < shown) showRest(shown = rest);
+    there = CanPhotocellObscured(place);
+    window_.Work.Screen.DoEvents();
+  }
+  const bool halted = !goOn || window_.Flags.Closing || window_.Work.Screen.IsQuitting();
+  window_.ShowReport(report);
+  window_.Options.UnlockOptions();
+  window_.Flags.ShelfWaitActive = false;
+  if (halted) return kGivenUp;
+  return there ? kCanThere : kCanMissing;
+}
+
+int ShelfAndValves::ShelfonCompletelyWithCan() {
+  const bool withShelf = window_.Work.Facts.HasShelf;
+  ui::Screen& screen = window_.Work.Screen;
+  const auto goesOn = [&screen](const std::string& text, ui::BoxIcon icon) {
+    return screen.Ask({text, icon, ui::BoxButtons::OkCancel, kCanTitle}) == ui::Answer::OK;
+  };
+  if (!goesOn(CanRequest(withShelf), ui::BoxIcon::Exclamation)) return kGivenUp;
+  if (withShelf) ShelfUp();
+  const int code = WaitForCan(withShelf ? kCanSeconds : 0);
+  if (code < 0) TellCanMissing(code);
+  if (code == kCanThere && withShelf && !goesOn(kGoOn, ui::BoxIcon::Plain)) return kGivenUp;
+  return code;
+}
+
+void ShelfAndValves::TellCanMissing(int code) {
+  std::string what = base::JoinLines(
+      {"Sensor not associated to the connector or", "incorrectly associated in configuration !"});
+  if (code == kCanMissing) {
+    what = window_.Work.Facts.HasShelf ? "Can photocell NOT obscured after timeout elapsed !" +
+                                             base::Bracketed("16_seconds")
+                                       : "Can photocell NOT obscured";
+  }
+  window_.Work.Screen.Ask(
+      {base::JoinLines({"Failure !", what}), ui::BoxIcon::Plain, ui::BoxButtons::Ok, kCanTitle});
+}
+
+bool ShelfAndValves::CheckPurgeConditions() {
+  return sender_.SendElements(rows::kAllOff) && !window_.Flags.Closing &&
+         ShelfonCompletelyWithCan() > 0;
+}
+
+void ShelfAndValves::AutomaticPunching() {
+  window_.ShowReportFrame();
+  window_.ShowReport("");
+  if (!CheckPurgeConditions()) return;
+  window_.ShowReport(window_.Description(rows::kPunch));
+  window_.CheckAnswer(window_.Send(rows::kPunch), "A", "");
+}
+
+bool ShelfAndValves::MayTestValves(int circuits) {
+  const int seconds = window_.Work.Facts.ValveTestTime;
+  ui::Box box{.Text = {}, .Title = kValveTestTitle};
+  if (seconds < 1) {
+    box.Text = base::JoinLines({"Wrong configuration parameter: ",
+                                "<Opening time for valve-test> = " + base::PlainNumber(seconds), "",
+                                "Please, correct parameter", "in the configuration section!"});
+    box.Icon = ui::BoxIcon::Exclamation;
+  } else if (circuits == 0) {
+    box.Text = base::JoinLines({kValveTestTitle, "", "No valves!"});
+  } else {
+    return true;
+  }
+  window_.Work.Screen.Ask(box);
+  return false;
+}
+
+void ShelfAndValves::ValveTest() {
+  const config::MachineFacts& facts = window_.Work.Facts;
+  const int circuits = base::CountFields(facts.ElementLists[config::kCircuits], ",");
+  if (!MayTestValves(circuits)) return;
+  window_.ShowReportFrame();
+  window_.ShowReport("");
+  if (!CheckPurgeConditions()) return;
+  if (!window_.CheckAnswer(window_.Send(rows::kValveTest), "A", "")) return;
+  const int seconds = facts.ValveTestTime * circuits;
+  window_.ShowReport(base::JoinLines(
+      {window_.Description(rows::kValveTest), "",
+       "[ expected process time = " + base::PlainNumber(seconds) + " sec. ]", "", kHaltHint}));
+  window_.Flags.ValveTestRunning = true;
+  window_.Options.AllowOnly("0,1,2,", "0");
+  window_.Flags.Idle = true;  // inputs, outputs and status may be read meanwhile
+  if (!window_.AbortableWait(seconds, window_.Flags.ValveTestRunning)) AwaitValveTestEnd();
+  window_.Flags.ValveTestRunning = false;
+}
+
+void ShelfAndValves::AwaitValveTestEnd() {
+  const bool& running = window_.Flags.ValveTestRunning;
+  while (running && !window_.Work.Screen.IsQuitting()) {
+    if (window_.AbortableWait(kTestLookEvery, running) || !running) return;
+    if (window_.Send(rows::kStatus).substr(0, 1) == "B") continue;
+    window_.Options.UnlockOptions();
+    return;
+  }
+}
+
+}  // namespace tintbench::commands
