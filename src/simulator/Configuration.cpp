@@ -59,19 +59,44 @@ Configuration Configuration::Read(std::string_view text, int slave) {
   return configuration;
 }
 
-void Configuration::TakeLine(std::string_view line) {
-  if (line.size() <= kTagLength || line.front() != '@') return;
+std::optional<Configuration::Line> Configuration::Parse(std::string_view line) const {
+  if (line.size() <= kTagLength || line.front() != '@') return std::nullopt;
   const std::string tag = base::ToUpper(line.substr(0, kTagLength));
   const std::size_t number = line.find_first_not_of(' ', kTagLength);
-  if (number == kTagLength || number == std::string_view::npos) return;
+  if (number == kTagLength || number == std::string_view::npos) return std::nullopt;
   const std::size_t behind = line.find(' ', number);
-  if (behind == std::string_view::npos) return;
-  if (base::LeadingInt(line.substr(number, behind - number)) != slave_) return;
-  const std::vector<std::string> fields = Split(Trim(line.substr(behind)), ',');
-  Check(tag, fields);
-  Table& table = tables_[tag];
-  const int element = base::LeadingInt(fields.front());
-  if (table.Rows.emplace(element, fields).second) table.Order.push_back(element);
+  if (behind == std::string_view::npos) return std::nullopt;
+  if (base::LeadingInt(line.substr(number, behind - number)) != slave_) return std::nullopt;
+  return Line{tag, Split(Trim(line.substr(behind)), ',')};
+}
+
+void Configuration::TakeLine(std::string_view text) {
+  const std::optional<Line> line = Parse(text);
+  if (!line) return;
+  Check(line->Tag, line->Fields);
+  Table& table = tables_[line->Tag];
+  const int element = base::LeadingInt(line->Fields.front());
+  if (table.Rows.emplace(element, line->Fields).second) table.Order.push_back(element);
+}
+
+std::optional<std::string> Configuration::Edited(std::string_view tag, std::optional<int> element,
+                                                 std::size_t field, std::string_view value) const {
+  std::string text;
+  bool found = false;
+  for (const std::string& each : Split(text_, '\n')) {
+    std::optional<Line> line = Parse(Trim(each));
+    const bool meant = line && line->Tag == base::ToUpper(tag) && field <= line->Fields.size() &&
+                       (!element || base::LeadingInt(line->Fields.front()) == *element);
+    found = found || meant;
+    if (!meant) {
+      text += each + "\n";
+    } else if (field > 0) {
+      line->Fields[field - 1] = value;
+      text += line->Tag + " " + std::to_string(slave_) + " " + Join(line->Fields, ",") + "\r\n";
+    }
+  }
+  if (!text.empty()) text.pop_back();
+  return found ? std::optional(text) : std::nullopt;
 }
 
 void Configuration::Check(const std::string& tag, const std::vector<std::string>& fields) {

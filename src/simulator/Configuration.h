@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,11 @@ class Configuration {
 
   int Slave() const { return slave_; }
 
+  // The file's text with a field, from 1, of an element's line changed, or without that line for
+  // field 0; all lines of the table if no element is given. Nothing if there is no such field.
+  std::optional<std::string> Edited(std::string_view tag, std::optional<int> element,
+                                    std::size_t field, std::string_view value) const;
+
   // The element numbers of a table ("@MOT"), in the order of the file.
   const std::vector<int>& Elements(std::string_view tag) const;
   bool Has(std::string_view tag, int element) const;
@@ -44,9 +50,16 @@ class Configuration {
     std::map<int, std::vector<std::string>> Rows;
   };
 
+  struct Line {
+    std::string Tag;
+    std::vector<std::string> Fields;
+  };
+
+  // A line of this slave; nothing for any other.
+  std::optional<Line> Parse(std::string_view line) const;
   const std::vector<std::string>* Row(std::string_view tag, int element) const;
   const Table* Find(std::string_view tag) const;
-  void TakeLine(std::string_view line);
+  void TakeLine(std::string_view text);
   void Check(const std::string& tag, const std::vector<std::string>& fields);
 
   int slave_ = 1;

@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::size_t kMostDigits = 128;      // two for each of 64 elements
 constexpr double kLastUnstoppableTest = 3.0;  // firmware whose valve test only a reset ends
-constexpr std::uint32_t kEncoderDamaged = 0x1100;
 constexpr std::uint32_t kCapStuck = 0x4000;
 constexpr std::uint32_t kLidMissing = 0x8011;
 
@@ -87,13 +86,8 @@ Reply ShelfPosition(Plant& plant, const std::string&, double now) {
 
 Reply MotorOn(Plant& plant, const std::string& argument, double now) {
   const std::string name = argument.substr(0, 2);
-  const int motor = base::LeadingInt(name);
-  if (!plant.TheElements.MotorOn(motor, base::LeadingInt(argument.substr(2)), now))
-    return Refused();
-  if (plant.TheElements.IsBroken(motor)) {
-    plant.Errors.Add(kEncoderDamaged + static_cast<std::uint32_t>(motor), now);
-  }
-  return {"A" + name};
+  const int speed = base::LeadingInt(argument.substr(2));
+  return Echo(plant.TheElements.MotorOn(base::LeadingInt(name), speed, now), name);
 }
 
 Reply MotorOff(Plant& plant, const std::string& argument, double now) {

@@ -21,6 +21,10 @@ std::vector<std::uint32_t> ErrorList::Shown(double now) const {
   return shown;
 }
 
+void ErrorList::Remove(std::uint32_t code) {
+  std::erase_if(errors_, [code](const Error& error) { return error.Code == code; });
+}
+
 void ErrorList::ForgetComing(double now) {
   std::erase_if(errors_, [now](const Error& error) { return error.When > now; });
 }

@@ -18,6 +18,8 @@ class ErrorList {
   // The codes that show at `now`, in the order in which they came up.
   std::vector<std::uint32_t> Shown(double now) const;
 
+  void Remove(std::uint32_t code);
+
   // Drops all, or those that haven't come up yet.
   void Clear() { errors_.clear(); }
   void ForgetComing(double now);

@@ -55,6 +55,12 @@ bool IsActive(const Plant& plant, int number, int cap, double now) {
   return false;
 }
 
+// The word with bit `number`, from 1, set or cleared.
+std::uint32_t With(std::uint32_t word, int number, bool on) {
+  const std::uint32_t bit = 1U << (number - 1);
+  return on ? word | bit : word & ~bit;
+}
+
 // Which connectors are active, bit 0 for connector 1.
 std::uint32_t ActiveConnectors(const Plant& plant, double now) {
   std::uint32_t active = 0;
@@ -65,10 +71,7 @@ std::uint32_t ActiveConnectors(const Plant& plant, double now) {
     const int cap = plant.Config.Number("@ILE", number, 2, 0);
     if (IsActive(plant, number, cap, now) != inverted) active |= 1U << (connector - 1);
   }
-  for (const auto& [connector, on] : plant.ForcedInputs) {
-    const std::uint32_t bit = 1U << (connector - 1);
-    active = on ? active | bit : active & ~bit;
-  }
+  for (const auto& [connector, on] : plant.ForcedInputs) active = With(active, connector, on);
   return active;
 }
 
@@ -101,7 +104,9 @@ std::uint32_t InputWord(const Plant& plant, double now) {
 
 std::uint16_t OutputWord(const Plant& plant) {
   const bool turning = plant.TheElements.AnyMotor();
-  return static_cast<std::uint16_t>(plant.Outputs | (turning ? kInverter : 0));
+  std::uint32_t word = plant.Outputs | (turning ? kInverter : 0U);
+  for (const auto& [row, on] : plant.ForcedOutputs) word = With(word, row, on);
+  return static_cast<std::uint16_t>(word);
 }
 
 std::string BridgeFlags(const Plant& plant, double now) {

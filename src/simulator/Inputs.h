@@ -10,6 +10,7 @@ namespace tintbench::simulator {
 struct Plant;
 
 inline constexpr int kConnectors = 20;
+inline constexpr int kOutputRows = 16;
 
 // All 32 input bits: dip-switches in the highest four, then the slave address (0 for 16), four
 // driver bits, and the 20 connectors, of which a 0 is the active level.

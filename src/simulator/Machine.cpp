@@ -69,6 +69,7 @@ bool Machine::Plugged() {
 double Machine::NextOwnEvent() const {
   double next = toMachine_.NextArrival();
   if (!accidents_.empty()) next = std::min(next, accidents_.front().When);
+  if (!errands_.empty()) next = std::min(next, errands_.front().When);
   if (!pending_.empty()) next = std::min(next, pending_.front().When);
   if (transfer_) next = std::min(next, transfer_->Deadline());
   return next;
@@ -90,6 +91,12 @@ void Machine::Step() {
     const Fault what = accidents_.front().What;
     accidents_.erase(accidents_.begin());
     return Befall(what);
+  }
+  if (!errands_.empty() && errands_.front().When <= now_) {
+    const std::string text = std::move(errands_.front().Text);
+    errands_.erase(errands_.begin());
+    Do(text);
+    return;
   }
   if (toMachine_.NextArrival() <= now_) return Hear(toMachine_.TakeNext());
   if (transfer_ && transfer_->Deadline() <= now_) {

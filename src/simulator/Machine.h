@@ -90,6 +90,12 @@ class Machine {
     Task Then;
   };
 
+  // What was told for later.
+  struct Errand {
+    double When;
+    std::string Text;
+  };
+
   // What befalls the machine or its line at a time: a fault that has a moment.
   struct Accident {
     double When;
@@ -128,7 +134,13 @@ class Machine {
   using Words = std::vector<std::string>;
   struct Word;
   static std::span<const Word> MachineWords();
+  std::string Do(std::string_view text);
   std::string SetFault(const Words& words);
+  static bool Knows(std::string_view verb);
+  std::string Postpone(const Words& words);
+  std::string Check(const Words& words) const;
+  std::string CheckHeard(std::span<const std::string> commands) const;
+  bool ForgetHeard(const Words& words);
   bool UnplugLine(const Words& words);
   bool PlugLine(const Words& words);
   bool PressReset(const Words& words);
@@ -152,9 +164,11 @@ class Machine {
   bool plugged_ = true;
   std::size_t pulls_ = 0;
   std::vector<Accident> accidents_;  // by time
+  std::vector<Errand> errands_;      // by time
 
   CommandReader reader_;
-  std::deque<Pending> pending_;  // by time
+  std::deque<std::string> heard_;  // the last commands, as "#S*"
+  std::deque<Pending> pending_;    // by time
   std::unique_ptr<Transfer> transfer_;
   Task transferTask_ = Task::None;
   std::string program_;

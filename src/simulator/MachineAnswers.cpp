@@ -12,6 +12,9 @@ namespace {
 // More answers under way than anyone can wait for; what comes beyond them is dropped.
 constexpr std::size_t kMostPending = 64;
 
+// The commands that are kept for checks.
+constexpr std::size_t kMostHeard = 64;
+
 constexpr std::string_view kMasterFunction = "01SM";
 constexpr std::string_view kMasterData = "000";
 constexpr std::string_view kMasterAnswer =
@@ -64,6 +67,10 @@ bool Machine::Listens(const Frame& frame) const {
 
 void Machine::Obey(const Frame& frame) {
   if (!Listens(frame)) return;
+  if (!frame.IsMaster) {
+    if (heard_.size() == kMostHeard) heard_.pop_front();
+    heard_.push_back("#" + frame.Text + "*");
+  }
   plant_.Settle(now_);
   const CommandRow* row = frame.IsMaster ? nullptr : FindCommand(frame.Text);
   const std::string_view name =

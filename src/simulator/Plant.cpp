@@ -7,6 +7,12 @@
 
 namespace tintbench::simulator {
 
+namespace {
+
+constexpr std::uint32_t kPlaneNotReached = 0x800C;
+
+}  // namespace
+
 Plant::Plant(Configuration configuration, std::string firmware, double now)
     : Config(std::move(configuration)), Firmware(std::move(firmware)) {
   TheStatistics.Begin(now);
@@ -24,6 +30,7 @@ void Plant::Settle(double now) {
   for (const ValveTest::Turn& turn : TheValveTest.TakeEnded(now)) {
     if (Counter* counter = TheStatistics.Find('C', turn.Valve)) counter->Add(turn.Seconds, 1.0);
   }
+  if (TheShelf.GivenUp(now)) Errors.Add(kPlaneNotReached, now);
 }
 
 void Plant::Reset(double now) {
@@ -37,12 +44,12 @@ void Plant::Reset(double now) {
   Mask.clear();
   Outputs = kUsualOutputs;
   SpiEnabled = true;
-  AutoConfigurationEnds = now;
+  BusyUntil = now;
 }
 
 bool Plant::Busy(double now) const {
   return TheValveTest.Running(now) || TheShelf.Direction(now) != 0 || TheShelf.Punching(now) ||
-         TheCaps.AnyMoving(now) || now < AutoConfigurationEnds;
+         TheCaps.AnyMoving(now) || TheProcesses.Working() || now < BusyUntil;
 }
 
 }  // namespace tintbench::simulator

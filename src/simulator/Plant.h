@@ -47,14 +47,14 @@ struct Plant {
 
   Configuration Config;
   std::string Firmware;
+  ErrorList Errors;
   Statistics TheStatistics{Config};
-  Elements TheElements{Config, TheStatistics};
+  Elements TheElements{Config, TheStatistics, Errors};
   Caps TheCaps{Config};
   Shelf TheShelf{Config};
-  ValveTest TheValveTest{Config};
+  ValveTest TheValveTest{Config, TheElements};
   Groups TheGroups{Config, TheElements};
-  Processes TheProcesses{Config, TheStatistics};
-  ErrorList Errors;
+  Processes TheProcesses{Config, TheStatistics, TheElements};
   Memory TheMemory;
   PwmChannels Pwms;
   Autotest TheAutotest;
@@ -63,8 +63,9 @@ struct Plant {
   bool SpiEnabled = true;
   bool DoorOpen = false;
   std::map<int, bool> ForcedInputs;   // by connector
+  std::map<int, bool> ForcedOutputs;  // by row of the output panel, 1 to 16
   std::array<bool, 4> DipSwitches{};  // places of switch 1 to 4
-  double AutoConfigurationEnds = 0.0;
+  double BusyUntil = 0.0;             // with work that has no part of its own
 };
 
 }  // namespace tintbench::simulator

@@ -1,7 +1,9 @@
 #include "simulator/PlantWords.h"
 
 #include <array>
+#include <map>
 #include <optional>
+#include <span>
 
 #include "base/Numbers.h"
 #include "simulator/Inputs.h"
@@ -37,27 +39,37 @@ bool Door(Plant& plant, const Words& words, double) {
   return true;
 }
 
-bool Input(Plant& plant, const Words& words, double) {
+// "N on|off|auto" for one of so many sensors.
+bool Force(std::map<int, bool>& forced, const Words& words, int most) {
   if (words.size() != 2) return false;
-  const int connector = base::LeadingInt(words[0]);
-  if (connector < 1 || connector > kConnectors) return false;
+  const int number = base::LeadingInt(words[0]);
+  if (number < 1 || number > most) return false;
   if (words[1] == "auto") {
-    plant.ForcedInputs.erase(connector);
+    forced.erase(number);
     return true;
   }
   if (!OnOff(words[1])) return false;
-  plant.ForcedInputs[connector] = *OnOff(words[1]);
+  forced[number] = *OnOff(words[1]);
   return true;
 }
 
+bool Input(Plant& plant, const Words& words, double) {
+  return Force(plant.ForcedInputs, words, kConnectors);
+}
+
+bool Output(Plant& plant, const Words& words, double) {
+  return Force(plant.ForcedOutputs, words, kOutputRows);
+}
+
 bool Error(Plant& plant, const Words& words, double now) {
-  if (words.size() != 1) return false;
-  if (words[0] == "none") {
+  if (words == Words{"none"}) {
     plant.Errors.Clear();
     return true;
   }
-  if (!ErrorCode(words[0])) return false;
-  plant.Errors.Add(*ErrorCode(words[0]), now);
+  if (words.empty() || words.size() > 2 || !ErrorCode(words[0])) return false;
+  const bool goes = words.size() == 2;
+  if (goes && words[1] != "off") return false;
+  goes ? plant.Errors.Remove(*ErrorCode(words[0])) : plant.Errors.Add(*ErrorCode(words[0]), now);
   return true;
 }
 
@@ -74,6 +86,10 @@ bool Cap(Plant& plant, const Words& words, double) {
 
 bool ShelfAt(Plant& plant, const Words& words, double now) {
   if (words.size() != 1 || !plant.TheShelf.Exists()) return false;
+  if (words[0] == "stuck" || words[0] == "free") {
+    plant.TheShelf.Stick(words[0] == "stuck", now);
+    return true;
+  }
   const std::optional<double> height = words[0] == "high"  ? plant.TheShelf.Top()
                                        : words[0] == "low" ? 0.0
                                                            : WholeNumber(words[0]);
@@ -82,14 +98,38 @@ bool ShelfAt(Plant& plant, const Words& words, double now) {
 }
 
 bool Valve(Plant& plant, const Words& words, double) {
-  return words.size() == 2 && plant.TheValveTest.SetCondition(base::LeadingInt(words[0]), words[1]);
+  return words.size() == 2 && plant.TheElements.SetValve(base::LeadingInt(words[0]), words[1]);
 }
 
 bool Motor(Plant& plant, const Words& words, double) {
-  if (words.size() != 2 || (words[1] != "good" && words[1] != "broken")) return false;
-  const int motor = base::LeadingInt(words[0]);
-  if (!plant.Config.Has("@MOT", motor)) return false;
-  plant.TheElements.BreakMotor(motor, words[1] == "broken");
+  return words.size() == 2 && plant.TheElements.SetMotor(base::LeadingInt(words[0]), words[1]);
+}
+
+bool Busy(Plant& plant, const Words& words, double now) {
+  const std::optional<double> seconds = words.size() == 1 ? WholeNumber(words[0]) : std::nullopt;
+  if (!seconds || *seconds < 0) return false;
+  plant.BusyUntil = now + *seconds;
+  return true;
+}
+
+bool Process(Plant& plant, const Words& words, double now) {
+  return words.size() == 1 && plant.TheProcesses.Prompt(words[0], now);
+}
+
+// "@TAG ELEMENT FIELD VALUE..." or "@TAG ELEMENT none"; "*" stands for every element.
+bool Config(Plant& plant, const Words& words, double now) {
+  if (words.size() < 3) return false;
+  const bool drops = words.size() == 3 && words[2] == "none";
+  const int field = drops ? 0 : base::LeadingInt(words[2]);
+  const std::string value = Join(std::span(words).subspan(3), " ");
+  if (!drops && (field < 1 || value.empty() || value.find(',') != std::string::npos)) return false;
+  const std::optional<int> element =
+      words[1] == "*" ? std::nullopt : std::optional(base::LeadingInt(words[1]));
+  const std::optional<std::string> text =
+      plant.Config.Edited(words[0], element, static_cast<std::size_t>(field), value);
+  if (!text) return false;
+  plant.TheElements.AllOff(now);
+  plant.Config = Configuration::Read(*text, plant.Config.Slave());
   return true;
 }
 
@@ -137,16 +177,24 @@ constexpr std::array kWords = {
     PlantWord{"can", "can on|off", "puts a can on the shelf, or takes it away", Can},
     PlantWord{"door", "door open|closed", "moves the safety door", Door},
     PlantWord{"input", "input N on|off|auto", "forces connector N, 1 to 20", Input},
-    PlantWord{"error", "error CODE|none", "adds an error of four hexadecimal digits", Error},
+    PlantWord{"output", "output N on|off|auto", "forces row N of the outputs, 1 to 16", Output},
+    PlantWord{"error", "error CODE [off]|none", "adds an error of four hexadecimal digits", Error},
+    PlantWord{"busy", "busy SECONDS", "is busy for so long", Busy},
+    PlantWord{"process", "process stirring|circulation|dispensing",
+              "makes it due now, unless it is held", Process},
     PlantWord{"cap", "cap N open|closed|middle|stuck|free", "moves a cap by hand, or blocks it",
               Cap},
-    PlantWord{"shelf", "shelf high|low|MM", "puts the shelf somewhere", ShelfAt},
-    PlantWord{"valve", "valve N good|broken|shorted", "what the valve test finds", Valve},
-    PlantWord{"motor", "motor N good|broken", "a broken motor doesn't turn", Motor},
+    PlantWord{"shelf", "shelf high|low|MM|stuck|free", "puts the shelf somewhere, or blocks it",
+              ShelfAt},
+    PlantWord{"valve", "valve N good|broken|shorted", "found when it opens, or is tested", Valve},
+    PlantWord{"motor", "motor N good|broken|no-zero|RPM",
+              "stands still, gives no zero signal, or has a speed of its own", Motor},
     PlantWord{"group", "group N on|off", "switches an external group", Group},
     PlantWord{"reading", "reading GROUP 0|1 TYPE VALUE|cut|auto", "fixes an input of a group",
               Reading},
     PlantWord{"dip", "dip N on|off", "dip-switch 1 to 4; 4 is read at a reset", Dip},
+    PlantWord{"config", "config @TAG N|* FIELD VALUE | @TAG N|* none",
+              "changes the file that the machine runs and gives", Config},
     PlantWord{"autotest", "autotest cycle [CODE...]|none", "adds a self-test cycle", AutotestCycle},
 };
 

@@ -14,6 +14,7 @@ constexpr double kAboveTheRest = 50.0;    // mm from the highest mark to the top
 constexpr double kUsualTop = 400.0;       // mm, without any mark
 constexpr double kLongestWay = 1900.0;    // mm
 constexpr double kCanHeight = 150.0;      // mm
+constexpr double kGuardSeconds = 10.0;    // in which a driven shelf must have arrived
 constexpr double kPunchSeconds = 3.0;
 constexpr int kLargestPosition = 9999;  // four digits on the line
 
@@ -40,6 +41,7 @@ double Shelf::UpperStop() const {
 }
 
 double Shelf::Height(double now) const {
+  if (stuck_) return from_;
   const double way = Speed() * std::max(now - began_, 0.0);
   return to_ >= from_ ? std::min(from_ + way, to_) : std::max(from_ - way, to_);
 }
@@ -51,7 +53,7 @@ int Shelf::Steps(double now) const {
 }
 
 int Shelf::Direction(double now) const {
-  if (Height(now) == to_) return 0;
+  if (Height(now) == to_ || GivenUp(now)) return 0;
   return to_ > from_ ? 1 : -1;
 }
 
@@ -62,6 +64,17 @@ void Shelf::Move(double target, double now) {
 }
 
 void Shelf::Stop(double now) { Move(Height(now), now); }
+
+void Shelf::Stick(bool stuck, double now) {
+  const double target = GivenUp(now) ? from_ : to_;
+  Stop(now);
+  stuck_ = stuck;
+  to_ = target;
+}
+
+bool Shelf::GivenUp(double now) const {
+  return stuck_ && to_ != from_ && now - began_ >= kGuardSeconds;
+}
 
 bool Shelf::Up(double now) {
   const bool rising = Direction(now) > 0;

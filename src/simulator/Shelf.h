@@ -33,6 +33,10 @@ class Shelf {
   // True while a can stands in front of the photocell.
   bool PhotocellHidden(double now) const;
 
+  // A stuck shelf stays where it is while it is driven, until the machine gives it up.
+  void Stick(bool stuck, double now);
+  bool GivenUp(double now) const;
+
   // Moves the shelf by hand, in millimetres from 0 to the top.
   void Put(double height, double now);
   double Top() const;
@@ -51,6 +55,7 @@ class Shelf {
   double to_ = 0.0;
   double began_ = 0.0;
   bool can_ = false;
+  bool stuck_ = false;
   double punchEnds_ = 0.0;
 };
 

@@ -27,7 +27,7 @@ Reply SwitchSpi(Plant& plant, const std::string&, double) {
 }
 
 Reply AutoConfigure(Plant& plant, const std::string&, double now) {
-  plant.AutoConfigurationEnds = now + kAutoConfigurationSeconds;
+  plant.BusyUntil = now + kAutoConfigurationSeconds;
   return {"A"};
 }
 

@@ -13,6 +13,22 @@ namespace {
 constexpr std::size_t kUsageWidth = 40;
 constexpr std::size_t kNameWidth = 18;
 
+struct Usage {
+  std::string_view Words;
+  const char* Help;
+};
+
+// Of the words that say for themselves what is wrong with them.
+constexpr std::array kUsages = {
+    Usage{"after SECONDS WORDS...", "does what these words say, then"},
+    Usage{"check valves|stirrings|motors N...|none", "fails unless just these are on"},
+    Usage{"check caps N...|none", "fails unless all others are closed"},
+    Usage{"check shelf low|between|high|rising|sinking", "fails unless it is so"},
+    Usage{"check heard #COMMAND*...|none", "fails unless these came last, in this order"},
+    Usage{"fault NAME [VALUE] [#COMMAND*] | NAME off", "see below"},
+    Usage{"fault none", "switches all faults off"},
+};
+
 std::string Column(std::string_view text, std::size_t width) {
   std::string column = "  " + std::string(text);
   column.resize(std::max(column.size() + 1, width + 2), ' ');
@@ -66,6 +82,7 @@ std::span<const Machine::Word> Machine::MachineWords() {
       Word{"firmware", "firmware TEXT", "changes the version", &Machine::SetFirmware},
       Word{"xmodem", "xmodem crc|checksum|128|1024", "check as receiver, block size as sender",
            &Machine::SetXmodem},
+      Word{"forget", "forget", "forgets which commands were heard", &Machine::ForgetHeard},
       Word{"seed", "seed N", "begins the throws of random faults anew", &Machine::SetSeed},
   };
   return kWords;
@@ -73,12 +90,18 @@ std::span<const Machine::Word> Machine::MachineWords() {
 
 std::string Machine::Tell(std::string_view text) {
   Live();
+  return Do(text);
+}
+
+std::string Machine::Do(std::string_view text) {
   plant_.Settle(now_);
   Words words = simulator::Words(text);
   if (words.empty()) return "a word is missing";
   const std::string verb = words.front();
   words.erase(words.begin());
   if (verb == "fault") return SetFault(words);
+  if (verb == "after") return Postpone(words);
+  if (verb == "check") return Check(words);
   const auto wrong = [](std::string_view usage) { return "usage: " + std::string(usage); };
   for (const Word& word : MachineWords()) {
     if (word.Verb == verb) return (this->*word.Run)(words) ? std::string() : wrong(word.Usage);
@@ -89,6 +112,13 @@ std::string Machine::Tell(std::string_view text) {
   return "unknown word: " + verb;
 }
 
+// True for a word that can be told for later; a check has nobody to tell what it found then.
+bool Machine::Knows(std::string_view verb) {
+  const auto is = [verb](const auto& word) { return word.Verb == verb; };
+  return verb == "fault" || std::ranges::any_of(MachineWords(), is) ||
+         std::ranges::any_of(PlantWords(), is);
+}
+
 std::string Machine::TellHelp() {
   std::string help = "Words:\n";
   for (const Word& word : MachineWords()) {
@@ -97,8 +127,8 @@ std::string Machine::TellHelp() {
   for (const PlantWord& word : PlantWords()) {
     help += Column(word.Usage, kUsageWidth) + std::string(word.Help) + "\n";
   }
-  help += Column("fault NAME [VALUE] [#COMMAND*] | NAME off", kUsageWidth) + "see below\n";
-  help += Column("fault none", kUsageWidth) + "switches all faults off\n\n";
+  for (const Usage& usage : kUsages) help += Column(usage.Words, kUsageWidth) + usage.Help + "\n";
+  help += "\n";
   help +=
       "Faults (those marked * can be restricted to one command, as in refuse #cr*; @N is the\n"
       "N-th byte on the line from then on, whichever way it goes):\n";

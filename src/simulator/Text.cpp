@@ -36,6 +36,15 @@ std::vector<std::string> Split(std::string_view text, char separator) {
   }
 }
 
+std::string Join(std::span<const std::string> pieces, std::string_view separator) {
+  std::string text;
+  for (const std::string& piece : pieces) {
+    if (&piece != pieces.data()) text += separator;
+    text += piece;
+  }
+  return text;
+}
+
 bool AllDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), IsDigit); }
 
 std::optional<double> WholeNumber(std::string_view text) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,9 @@ std::vector<std::string> Words(std::string_view text);
 
 // The pieces between separators; one empty piece for an empty text.
 std::vector<std::string> Split(std::string_view text, char separator);
+
+// The pieces with a separator between them.
+std::string Join(std::span<const std::string> pieces, std::string_view separator);
 
 bool AllDigits(std::string_view text);
 

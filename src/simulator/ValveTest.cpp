@@ -1,9 +1,7 @@
 #include "simulator/ValveTest.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <string_view>
 
 namespace tintbench::simulator {
 
@@ -11,14 +9,6 @@ namespace {
 
 constexpr int kFirstWithoutTest = 3;  // valve types 3 and 4 can't be tested
 constexpr int kLongestSeconds = 600;
-
-struct Condition {
-  std::string_view Word;
-  int ErrorFamily;  // 0 for none
-};
-
-constexpr std::array kConditions = {Condition{"good", 0}, Condition{"shorted", 0x0700},
-                                    Condition{"broken", 0x0800}};
 
 }  // namespace
 
@@ -38,9 +28,7 @@ bool ValveTest::Begin(double now, ErrorList& errors) {
     if (seconds <= 0) continue;
     at += seconds;
     turns_.push_back({valve, seconds, at});
-    if (const auto fault = faults_.find(valve); fault != faults_.end()) {
-      errors.Add(static_cast<std::uint32_t>(fault->second + valve), at);
-    }
+    if (const std::uint32_t fault = elements_.ValveError(valve)) errors.Add(fault, at);
   }
   ends_ = at;
   return !turns_.empty();
@@ -59,15 +47,6 @@ std::vector<ValveTest::Turn> ValveTest::TakeEnded(double now) {
   std::vector<Turn> ended(turns_.begin(), coming);
   turns_.erase(turns_.begin(), coming);
   return ended;
-}
-
-bool ValveTest::SetCondition(int valve, const std::string& condition) {
-  const auto found = std::find_if(kConditions.begin(), kConditions.end(),
-                                  [&](const Condition& row) { return row.Word == condition; });
-  if (found == kConditions.end() || !configuration_.Has("@CIR", valve)) return false;
-  faults_.erase(valve);
-  if (found->ErrorFamily != 0) faults_[valve] = found->ErrorFamily;
-  return true;
 }
 
 }  // namespace tintbench::simulator

@@ -1,18 +1,18 @@
 // The machine's timed test of all valves: it opens one after the other, and reports the bad ones.
 #pragma once
 
-#include <map>
-#include <string>
 #include <vector>
 
 #include "simulator/Configuration.h"
+#include "simulator/Elements.h"
 #include "simulator/ErrorList.h"
 
 namespace tintbench::simulator {
 
 class ValveTest {
  public:
-  explicit ValveTest(const Configuration& configuration) : configuration_(configuration) {}
+  ValveTest(const Configuration& configuration, const Elements& elements)
+      : configuration_(configuration), elements_(elements) {}
 
   // Begins the test; the errors that it finds come up when their valve's turn has ended. False if
   // it runs already or there is nothing to test.
@@ -32,17 +32,13 @@ class ValveTest {
   // The turns that have ended by `now` and were not taken before.
   std::vector<Turn> TakeEnded(double now);
 
-  // What is wrong with a valve: "good", "broken" (disconnected) or "shorted". False for any other
-  // word or valve.
-  bool SetCondition(int valve, const std::string& condition);
-
  private:
   double SecondsFor(int valve) const;
 
   const Configuration& configuration_;
+  const Elements& elements_;
   std::vector<Turn> turns_;  // that weren't taken yet
   double ends_ = 0.0;
-  std::map<int, int> faults_;  // error family by valve
 };
 
 }  // namespace tintbench::simulator
