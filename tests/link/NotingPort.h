@@ -20,6 +20,8 @@ class NotingPort final : public link::SerialPort {
   std::size_t Read = 0;             // bytes read
   std::function<void()> OnWriting;  // called with each piece that is written
   std::vector<std::string> Opened;  // "2: 19200,N,8,1", whether it succeeded or not
+  // Given each piece that is read.
+  std::function<void(const std::string&)> OnReading;
 
   int CommPort() const override { return port_.CommPort(); }
   void CommPort(int number) override { port_.CommPort(number); }
@@ -41,6 +43,7 @@ class NotingPort final : public link::SerialPort {
   std::string Input() override {
     std::string bytes = port_.Input();
     Read += bytes.size();
+    if (OnReading) OnReading(bytes);
     return bytes;
   }
   void Output(std::string_view bytes) override {
