@@ -119,7 +119,9 @@ bool ElementSender::IsStopped() const {
 bool ElementSender::Pause(double seconds) {
   ui::Screen& screen = window_.Work.Screen;
   const double end = screen.Time().Now() + seconds;
-  while (!IsStopped() && screen.Time().Now() < end) screen.Idle(end - screen.Time().Now());
+  do {
+    screen.Idle(end - screen.Time().Now());
+  } while (!IsStopped() && screen.Time().Now() < end);
   return !IsStopped();
 }
 

@@ -23,7 +23,7 @@ class ElementSender {
   // them after HALT; elements that it closes or stops are done one and all.
   bool SendElements(int row, const std::string& elements = {}, const std::string& speeds = {});
 
-  // Waits and serves events, to the end at most: HALT and a closing window cut it short. False if
+  // Waits and serves events, once at least; HALT and a closing window cut it short. False if
   // nothing more may be opened or started.
   bool Pause(double seconds);
   // True once the operator wants no more: HALT, a closing window, the end of the program.
