@@ -2,7 +2,9 @@
 // and shows the answer decoded.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "commands/CommWindow.h"
 #include "commands/ShelfAndValves.h"
@@ -27,8 +29,34 @@ class CommandMenu {
   void CmbRecent_Click();
 
  private:
+  // A command that was sent.
+  struct Recent {
+    int Row;
+    std::string Argument;
+    friend bool operator==(const Recent&, const Recent&) = default;
+  };
+
+  void FillLists();
+  // The selection that a group's list remembers; -1 if there is none.
+  int Remembered(int group) const;
+  // The row of the command table that is selected; -1 if there is none.
+  int SelectedRow() const;
+  // Selects the first row, in the lists' order, that `fits(list, index)` says is the one.
+  template <typename Fits>
+  void SelectWhere(Fits fits);
+  void LoadComOnButton(int group, int listIndex);
+  void ShowPanels(int row);
+  // The argument of a row, empty for one that takes none. Nothing if the operator gave it up.
+  std::optional<std::string> ArgumentOf(int row);
+  std::string Transmit(int row, const std::string& argument);
+  void Remember(int row, const std::string& argument);
+
   CommWindow& window_;
   ShelfAndValves& shelf_;
+  int shownRow_ = -1;         // whose panels are shown
+  int lastRow_ = -1;          // of the last typed argument
+  std::string lastArgument_;  // the next default of that row
+  std::vector<Recent> recent_;
 };
 
 }  // namespace tintbench::commands

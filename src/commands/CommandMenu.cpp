@@ -1,0 +1,218 @@
+#include "commands/CommandMenu.h"
+
+#include <array>
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "commands/CommandReports.h"
+#include "commands/RowNumbers.h"
+
+namespace tintbench::commands {
+
+namespace {
+
+constexpr const char* kNoCommand = "< NO COMMAND AVAILABLE >";
+constexpr const char* kAborted = "[ command aborted ]";
+constexpr const char* kIncorrect = "[ INCORRECT STRING ]";
+constexpr const char* kStopped = "( process stopped )";
+constexpr int kReset = 33;
+constexpr std::size_t kMostRecent = 12;
+
+struct Group {
+  const char* Name;
+  int First;
+  int Last;
+};
+
+constexpr std::array<Group, kCommandGroups> kGroups{{{"STATUS, I/O SENSORS", 0, 11},
+                                                     {"MACHINE TESTS", 12, 36},
+                                                     {"MACHINE MEMORY/DATA", 37, 48},
+                                                     {"CUSTOM COMMAND", 49, 49}}};
+
+enum TextBoxIndex : int { kSent = 0, kReceived = 1, kStatus = 2 };
+
+// Caps and the reset take as long as the machine at hand does.
+bool MovesSomething(int row) {
+  return (row >= rows::kCapOpen && row <= rows::kCapIntermediate) || row == kReset;
+}
+
+// The command as it is shown while it is under way.
+std::string Echo(const std::string& commandTemplate, const std::string& argument) {
+  const std::size_t blank = commandTemplate.find(' ');
+  const std::string prefix = base::ToUpper(commandTemplate.substr(0, blank));
+  if (blank == std::string::npos) return prefix;
+  return prefix + base::ToLower(argument) + commandTemplate.substr(blank + 1);
+}
+
+}  // namespace
+
+void CommandMenu::Load() {
+  shownRow_ = -1;
+  lastRow_ = -1;
+  lastArgument_.clear();
+  window_.TxtFind.Text = "";
+  for (const int box : {kSent, kReceived, kStatus}) window_.ShowIoText(box, "");
+  window_.CmdExec.Default = true;
+  FillLists();
+  window_.CmbCtype.ListIndex = 0;
+}
+
+void CommandMenu::FillLists() {
+  window_.CmbCtype.Clear();
+  for (int group = 0; group < kCommandGroups; ++group) {
+    const Group& rows = kGroups.at(static_cast<std::size_t>(group));
+    window_.CmbCtype.AddItem(rows.Name);
+    ui::ListBox& list = window_.LstCsingle(group);
+    list.Clear();
+    list.Tag = std::to_string(list.ListIndex);
+    for (int row = rows.First; row <= rows.Last; ++row) {
+      if (window_.Work.Table.Row(row).Enabled) list.AddItem(window_.Description(row), row);
+    }
+  }
+}
+
+int CommandMenu::Remembered(int group) const {
+  return base::LeadingInt(window_.LstCsingle(group).Tag.Get());
+}
+
+int CommandMenu::SelectedRow() const {
+  const int group = window_.CmbCtype.ListIndex;
+  if (group < 0 || Remembered(group) < 0) return -1;
+  return window_.LstCsingle(group).ItemData(Remembered(group));
+}
+
+void CommandMenu::LoadComOnButton(int group, int listIndex) {
+  window_.CmdExec.Caption = group >= 0 && listIndex >= 0
+                                ? window_.LstCsingle(group).List(listIndex) + kLineEnd + "EXECUTE"
+                                : kNoCommand;
+}
+
+void CommandMenu::CmbCtype_Click() {
+  const int shown = window_.CmbCtype.ListIndex;
+  for (int group = 0; group < kCommandGroups; ++group) {
+    window_.LstCsingle(group).Visible = group == shown;
+  }
+  LoadComOnButton(shown, Remembered(shown));
+}
+
+void CommandMenu::LstCsingle_Click(int group) {
+  ui::ListBox& list = window_.LstCsingle(group);
+  list.Tag = std::to_string(list.ListIndex);
+  LoadComOnButton(group, list.ListIndex);
+}
+
+void CommandMenu::LstCsingle_GotFocus(int group) {
+  ui::ListBox& list = window_.LstCsingle(group);
+  if (list.ListCount() > 0) list.ListIndex = Remembered(group);
+}
+
+// Only the bar goes; the selection stays remembered. No row raises no click.
+void CommandMenu::LstCsingle_LostFocus(int group) { window_.LstCsingle(group).ListIndex = -1; }
+
+template <typename Fits>
+void CommandMenu::SelectWhere(Fits fits) {
+  for (int group = 0; group < kCommandGroups; ++group) {
+    ui::ListBox& list = window_.LstCsingle(group);
+    for (int index = 0; index < list.ListCount(); ++index) {
+      if (!fits(list, index)) continue;
+      window_.CmbCtype.ListIndex = group;
+      list.PressRow(index);
+      return;
+    }
+  }
+}
+
+void CommandMenu::TxtFind_Change() {
+  const std::string wanted = base::ToUpper(base::Trim(window_.TxtFind.Text.Get()));
+  if (wanted.empty()) return;
+  SelectWhere([&wanted](const ui::ListBox& list, int index) {
+    return base::ToUpper(list.List(index)).find(wanted) != std::string::npos;
+  });
+}
+
+void CommandMenu::CmbRecent_Click() {
+  const int chosen = window_.CmbRecent.ListIndex;
+  if (chosen < 0) return;
+  const Recent& recent = recent_.at(static_cast<std::size_t>(chosen));
+  lastRow_ = recent.Row;
+  lastArgument_ = recent.Argument;
+  SelectWhere(
+      [&recent](const ui::ListBox& list, int index) { return list.ItemData(index) == recent.Row; });
+}
+
+// The latest is the first, and none is there twice.
+void CommandMenu::Remember(int row, const std::string& argument) {
+  const Recent sent{row, argument};
+  std::erase(recent_, sent);
+  recent_.insert(recent_.begin(), sent);
+  if (recent_.size() > kMostRecent) recent_.pop_back();
+  window_.CmbRecent.Clear();
+  for (const Recent& recent : recent_) {
+    const std::string behind = recent.Argument.empty() ? "" : "  " + recent.Argument;
+    window_.CmbRecent.AddItem(window_.Description(recent.Row) + behind, recent.Row);
+  }
+}
+
+void CommandMenu::ShowPanels(int row) {
+  if (row == shownRow_ || window_.Flags.Closing) return;
+  shownRow_ = row;
+  window_.HidePanels();
+  window_.HideReportFrame();
+  const unsigned view = ViewOf(row);
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    if ((view & (1U << panel)) != 0) window_.ShowPanel(panel);
+  }
+  if ((view & kReportView) == 0) return;
+  window_.ShowReport("");
+  window_.ShowReportFrame();
+}
+
+std::optional<std::string> CommandMenu::ArgumentOf(int row) {
+  const link::CommandRow& command = window_.Work.Table.Row(row);
+  if (command.Command.find(' ') == std::string::npos || command.Prompt.empty()) return "";
+  if (row != lastRow_) lastArgument_.clear();
+  lastRow_ = row;
+  ui::Question question{command.Prompt, command.Description, lastArgument_};
+  for (;;) {
+    const std::string reply = window_.Work.Screen.Ask(question).value_or("");
+    if (reply.empty()) return std::nullopt;
+    if (link::ValidateArgument(row, reply)) return lastArgument_ = reply;
+    window_.Work.Screen.Ask({.Text = kIncorrect, .Title = command.Description});
+    question.Default = reply;
+  }
+}
+
+std::string CommandMenu::Transmit(int row, const std::string& argument) {
+  for (const int box : {kStatus, kReceived}) window_.ShowIoText(box, "");
+  window_.ShowReport("");
+  window_.ShowIoText(kSent, Echo(window_.Work.Table.Row(row).Command, argument));
+  const std::string answer =
+      MovesSomething(row) ? window_.SendMoving(row, argument) : window_.Send(row, argument);
+  window_.ShowIoText(kReceived, answer);
+  return answer;
+}
+
+void CommandMenu::CmdExec_Click() {
+  const int row = SelectedRow();
+  if (row < 0) return;
+  ShowPanels(row);
+  const std::optional<std::string> argument = ArgumentOf(row);
+  if (!argument) {
+    window_.ShowIoText(kStatus, kAborted);
+    return;
+  }
+  Remember(row, *argument);
+  const Exchange exchange{row, *argument, Transmit(row, *argument)};
+  const Outcome outcome = DecodeExchange(exchange, window_);
+  if (row == rows::kShelfUp || row == rows::kShelfDown) shelf_.ShelfMotion(row, exchange.Answer);
+  window_.ShowIoText(kStatus, outcome.Status);
+  window_.ShowReport(outcome.Report);
+}
+
+// The countdown has stood in this menu's own status box.
+void CommandMenu::CmdStop_Click() {
+  window_.CheckAnswer(window_.Send(rows::kAllOff), "A", kStopped);
+  window_.ShowIoText(kStatus, window_.TxtIOm.Text.Get());
+}
+
+}  // namespace tintbench::commands
