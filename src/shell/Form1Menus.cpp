@@ -3,6 +3,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "commands/CommWindow.h"
 #include "shell/Form1.h"
 
 namespace tintbench::shell {
@@ -38,8 +39,10 @@ void Form1::ConnectMenus() {
   leadsTo(MMnuGetstat, [&windows]() -> ui::Form& { return windows.Statistics(); });
   leadsTo(MnuAutotest, [&windows]() -> ui::Form& { return windows.Autotest(); });
   leadsTo(
-      MMnuMaint, [&windows]() -> ui::Form& { return windows.Commands(kMaintenanceMenu); }, true);
-  leadsTo(MMnuCommand, [&windows]() -> ui::Form& { return windows.Commands(kCommandMenu); });
+      MMnuMaint, [&windows]() -> ui::Form& { return windows.Commands(commands::kMaintenanceMenu); },
+      true);
+  leadsTo(MMnuCommand,
+          [&windows]() -> ui::Form& { return windows.Commands(commands::kCommandMenu); });
   MMnuGrMon.Prepare(
       [this](ui::Menu& item, int) { item.Click = [this, &item] { MMnuGrMon_Click(item); }; });
   ConnectLevels();

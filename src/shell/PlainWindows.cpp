@@ -20,11 +20,11 @@ PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std:
   screen.Register(*this);
 }
 
-PlainWindows::PlainWindows(ui::Screen& screen)
-    : formXmod_(screen, "FormXmod", kTransferTitles[0]),
+PlainWindows::PlainWindows(ui::Screen& screen, commands::FormComm& formComm)
+    : formComm_(formComm),
+      formXmod_(screen, "FormXmod", kTransferTitles[0]),
       formStat_(screen, "FormStat", "Statistical Data"),
       formAuto_(screen, "FormAuto", "AUTOTEST  INFORMATIONS"),
-      formComm_(screen, "FormComm", "Command Menu"),
       formGMon_(screen, "FormGMon", "GROUP n. "),
       formGHst_(screen, "FormGHst", "Groups Monitoring History") {}
 
@@ -34,7 +34,7 @@ ui::Form& PlainWindows::Transfer(int mode) {
 }
 
 ui::Form& PlainWindows::Commands(int function) {
-  formComm_.Caption = function == kCommandMenu ? "Command Menu" : "Maintenance Menu";
+  formComm_.SetFormFunction(function);
   return formComm_;
 }
 

@@ -2,6 +2,7 @@
 // name and title, so that the menus already lead somewhere and the machine is held around it.
 #pragma once
 
+#include "commands/FormComm.h"
 #include "shell/SubWindows.h"
 #include "ui/Controls.h"
 #include "ui/Screen.h"
@@ -20,7 +21,8 @@ struct PlainWindow : ui::Form {
 
 class PlainWindows final : public SubWindows {
  public:
-  explicit PlainWindows(ui::Screen& screen);
+  // The window of commands must outlive this; the rest are plain ones.
+  PlainWindows(ui::Screen& screen, commands::FormComm& formComm);
 
   ui::Form& Transfer(int mode) override;
   ui::Form& Statistics() override { return formStat_; }
@@ -30,10 +32,10 @@ class PlainWindows final : public SubWindows {
   ui::Form& GroupHistory(const std::string& title) override;
 
  private:
+  commands::FormComm& formComm_;
   PlainWindow formXmod_;
   PlainWindow formStat_;
   PlainWindow formAuto_;
-  PlainWindow formComm_;
   PlainWindow formGMon_;
   PlainWindow formGHst_;
 };

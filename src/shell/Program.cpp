@@ -32,7 +32,7 @@ Program::Program(const ProgramSetup& setup)
       decoder_(names_, errors_, [this] { return status_.FirmwareNumber(); }),
       splash_(setup.Screen, setup.Identity),
       formDbg_(setup.Screen),
-      windows_(setup.Screen),
+      windows_(setup.Screen, formComm_),
       form1_({.Screen = setup.Screen,
               .Identity = setup_.Identity,
               .Owner = *this,
@@ -46,6 +46,17 @@ Program::Program(const ProgramSetup& setup)
               .Names = names_,
               .Decoder = decoder_,
               .Styles = styles_}),
+      formComm_({.Screen = setup.Screen,
+                 .Port = setup.Port,
+                 .Commands = transaction_,
+                 .Table = commands_,
+                 .Log = log_,
+                 .Facts = facts_,
+                 .Status = status_,
+                 .Names = names_,
+                 .Decoder = decoder_,
+                 .Styles = styles_,
+                 .MainWindow = form1_}),
       linkUp_({.Port = setup.Port,
                .Clock = setup.Clock,
                .Files = setup.Files,
@@ -61,6 +72,7 @@ Program::Program(const ProgramSetup& setup)
   setup_.Screen.Register(splash_);
   setup_.Screen.Register(form1_);
   setup_.Screen.Register(formDbg_);
+  setup_.Screen.Register(formComm_);
 }
 
 Program::Result Program::Main() {

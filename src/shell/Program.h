@@ -7,6 +7,7 @@
 #include "base/AppPaths.h"
 #include "base/Clock.h"
 #include "base/Files.h"
+#include "commands/FormComm.h"
 #include "config/MachineFacts.h"
 #include "config/ParameterCatalogue.h"
 #include "config/SelectorCatalogue.h"
@@ -97,6 +98,7 @@ class Program final : private MainWindowOwner {
   FormDbg formDbg_;
   PlainWindows windows_;
   Form1 form1_;
+  commands::FormComm formComm_;
   link::LinkUp linkUp_;
   double splashSince_ = 0;
   bool hasPort_ = false;

@@ -9,7 +9,6 @@
 namespace tintbench::shell {
 
 enum TransferMode : int { kPortSettings = 0, kConfigTransfer = 1, kFirmwareTransfer = 2 };
-enum FormFunction : int { kCommandMenu = 1, kMaintenanceMenu = 2 };
 
 class SubWindows {
  public:
@@ -17,7 +16,7 @@ class SubWindows {
   virtual ui::Form& Transfer(int mode) = 0;
   virtual ui::Form& Statistics() = 0;
   virtual ui::Form& Autotest() = 0;
-  virtual ui::Form& Commands(int function) = 0;
+  virtual ui::Form& Commands(int function) = 0;  // one of commands::FormFunction
   virtual ui::Form& GroupMonitor(const std::string& address) = 0;
   virtual ui::Form& GroupHistory(const std::string& title) = 0;
 };

@@ -87,6 +87,7 @@ TEST_F(MainWindow, EachItemHoldsTheMachineAroundItsWindow) {
     ui::Menu shell::Form1::*Entry;  // nullptr: the title itself
     const char* Form;
     const char* Caption;
+    const char* Leaving = "";  // what the window sends as it closes
   };
   using F = shell::Form1;
   const Item items[] = {
@@ -94,8 +95,10 @@ TEST_F(MainWindow, EachItemHoldsTheMachineAroundItsWindow) {
       {&F::MnuMachConf, &F::MMnuLoadfirmw, "FormXmod", "Firmware"},
       {&F::MnuMachConf, &F::MMnuGetstat, "FormStat", "Statistical Data"},
       {&F::MnuPar, &F::MMnuSerPort, "FormXmod", "Machine Link"},
-      {&F::MnuMaint, &F::MMnuMaint, "FormComm", "Maintenance Menu"},
-      {&F::MnuMaint, &F::MMnuCommand, "FormComm", "Command Menu"},
+      {&F::MnuMaint, &F::MMnuMaint, "FormComm",
+       "TintBench  v. 1.2.  Maintenance Menu  [ PUSH < ESC > FOR EXIT ]", "#z*"},
+      {&F::MnuMaint, &F::MMnuCommand, "FormComm",
+       "TintBench  v. 1.2.  Command Menu  [ PUSH < ESC > FOR EXIT ]", "#z*"},
       {&F::MnuAutotest, nullptr, "FormAuto", "AUTOTEST  INFORMATIONS"},
   };
   std::vector<std::function<void()>> hand;
@@ -127,8 +130,8 @@ TEST_F(MainWindow, EachItemHoldsTheMachineAroundItsWindow) {
       EXPECT_EQ(TakeWritten(), "");
       test.Screen.CloseByOperator(*test.Screen.Front());
     });
-    hand.push_back([this] {
-      EXPECT_EQ(TakeWritten(), "#pr*#ps*");
+    hand.push_back([this, &item] {
+      EXPECT_EQ(TakeWritten(), item.Leaving + std::string("#pr*#ps*"));
       EXPECT_TRUE(AllShown());
       EXPECT_TRUE(Window().Poll().PollingOn());
     });
