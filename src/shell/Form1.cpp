@@ -77,17 +77,15 @@ void Form1::ConnectPanels() {
   Panels.GRPicIOcard.GotFocus = [this] { Panels.GRPicIOcard.Tag = kFocusWanted; };
   // A window in front may have the port closed and opened for reasons of its own.
   TimerLink.Tick = [this] {
-    if (parts_.Screen.Front() == this && !linking_) care_.Watch();
+    if (parts_.Screen.Front() == this && !occupied_) care_.Watch();
   };
   CmdReconnect.Click = [this] { CmdReconnect_Click(); };
 }
 
 void Form1::Form_Activate() {
   if (!activated_) FirstActivation();
-  MnuMaint.Enabled = parts_.Status.LinkState != link::kPortClosed;
   Panels.GRPicIOcard.Tag = kFocusWanted;
   Panels.GRPicIOcard.SetFocus();
-  if (parts_.SerialMode == link::kMasterMode) MMnuLoadfirmw.Enabled = false;
 }
 
 void Form1::FirstActivation() {
@@ -102,6 +100,8 @@ void Form1::FirstActivation() {
   state::ShowSensorUnderPointer(Panels, -1, -1, parts_.Status.FirmwareVersion);
   poll_.Reset();
   poll_.EventuallyRestartPolling();
+  MnuMaint.Enabled = parts_.Status.LinkState != link::kPortClosed;
+  if (parts_.SerialMode == link::kMasterMode) MMnuLoadfirmw.Enabled = false;
 }
 
 void Form1::Form_KeyDown(ui::KeyEvent& key) {
@@ -137,13 +137,16 @@ void Form1::Form_Resize() {
 }
 
 void Form1::Form_QueryUnload(bool& cancel) {
-  // The way out serves events: a second press of the close button finds it under way.
-  if (ending_) {
+  // The way out serves events, as link-up does: a press of the close button finds it under way, or
+  // has to wait for its end.
+  if (occupied_) {
+    closeWanted_ = true;
     cancel = true;
     return;
   }
-  ending_ = true;
+  Occupy(true);
   poll_.EventuallyStopPolling();
+  poll_.GiveUp();
   TimerLink.Enabled = false;
   parts_.Owner.EndMainWindow();
 }
@@ -245,15 +248,32 @@ void Form1::LoseLink() {
   parts_.Decoder.DecodeOutputs(Panels, {});
   parts_.Decoder.DecodeStatus(Panels, {});
   MnuMaint.Enabled = false;
+  MMnuSerPort.Enabled = true;
+}
+
+// Nothing else may use the line, nor may the operator begin anything.
+void Form1::Occupy(bool occupied) {
+  occupied_ = occupied;
+  Enabled = !occupied;
+  poll_.Forbid(occupied);
+}
+
+bool Form1::AnyLarge() {
+  bool large = false;
+  for (int panel = 0; panel < state::kPanels; ++panel) {
+    large = large || CmdResize(panel).Tag.Get() == kLarge;
+  }
+  return large;
 }
 
 void Form1::CmdReconnect_Click() {
-  CmdReconnect.Visible = false;
-  linking_ = true;
+  LblLink.Caption = "Connecting to the machine ...";
+  Occupy(true);
   parts_.Owner.LinkAgain();
-  linking_ = false;
-  Form_Activate();
+  Occupy(false);
+  SetAllMenu(!AnyLarge());
   poll_.EventuallyRestartPolling();
+  if (closeWanted_) parts_.Screen.Unload(*this);
 }
 
 }  // namespace tintbench::shell

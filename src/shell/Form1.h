@@ -147,6 +147,8 @@ struct Form1 : ui::Form, link::LinkView {
   void MMnuGrMon_Click(const ui::Menu& item);
   void LoadGroupItem(int index, const std::string& caption, int tag);
   void LoseLink();
+  void Occupy(bool occupied);
+  bool AnyLarge();
   void CmdReconnect_Click();
 
   Form1Parts parts_;
@@ -154,8 +156,8 @@ struct Form1 : ui::Form, link::LinkView {
   MachineProcesses processes_;
   LinkCare care_;
   bool activated_ = false;
-  bool ending_ = false;
-  bool linking_ = false;  // link-up is under way
+  bool occupied_ = false;     // by link-up or by the way out
+  bool closeWanted_ = false;  // meanwhile
 };
 
 }  // namespace tintbench::shell

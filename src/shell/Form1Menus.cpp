@@ -74,14 +74,16 @@ void Form1::TellKeys() {
 }
 
 void Form1::SetAllMenu(bool enabled) {
-  for (ui::Menu* title : {&MnuMachConf, &MnuPar, &MnuKsvdbg, &MnuAutotest, &MnuGroupsMonitor}) {
+  for (ui::Menu* title : {&MnuMachConf, &MnuPar, &MnuAutotest, &MnuGroupsMonitor}) {
     title->Enabled = enabled;
   }
+  MnuKsvdbg.Enabled = enabled && MnuKsvdbg.Visible;
   MnuMaint.Enabled = enabled && parts_.Status.LinkState != link::kPortClosed;
 }
 
 void Form1::OpenSubWindow(const std::function<ui::Form&()>& select, bool checksFirmware) {
   poll_.EventuallyStopPolling();
+  care_.Watch();
   processes_.StopMachineProcesses(*this);
   HideAll();
   Refresh();
@@ -90,6 +92,7 @@ void Form1::OpenSubWindow(const std::function<ui::Form&()>& select, bool checksF
     if (warning) parts_.Screen.Ask(*warning);
   }
   parts_.Screen.ShowModal(select());
+  care_.Watch();
   processes_.RestartMachineProcesses(*this);
   ViewAsBefore();
   poll_.EventuallyRestartPolling();
@@ -136,6 +139,7 @@ void Form1::ShowDebugLevel(int level) {
 }
 
 void Form1::ShowPort(const std::string& caption) {
+  care_.Forget();
   MMnuSerPort.Caption = caption;
   MnuPar.Caption = "&Port Connection ( " +
                    (caption == link::kNoPortCaption ? std::string("none") : caption) + " )";

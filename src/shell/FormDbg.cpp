@@ -11,10 +11,7 @@ constexpr int kHighest = 32767;
 
 }  // namespace
 
-int DebugLevelOf(const std::string& text) {
-  const int level = base::IsNumeric(text) ? base::LeadingInt(text) : 0;
-  return level < kLowest || level > kHighest ? 0 : level;
-}
+int DebugLevelOf(int number) { return number < kLowest || number > kHighest ? 0 : number; }
 
 FormDbg::FormDbg(ui::Screen& screen) : ui::Form("FormDbg"), screen_(screen) {
   Caption = "EDIT DEBUG LEVEL (0=null)";
@@ -25,7 +22,7 @@ int FormDbg::Edit(int level) {
   level_ = level;
   TxtDbgLev.Text = std::to_string(level);
   screen_.ShowModal(*this);
-  return DebugLevelOf(TxtDbgLev.Text);
+  return DebugLevelOf(base::LeadingInt(TxtDbgLev.Text.Get()));
 }
 
 void FormDbg::Form_KeyDown(ui::KeyEvent& key) {

@@ -12,8 +12,8 @@ struct FormDbg : ui::Form {
   ui::Frame FrmDbgEdit{*this, "FrmDbgEdit"};
   ui::TextBox TxtDbgLev{FrmDbgEdit, "TxtDbgLev"};
 
-  // Shows the level, and gives back the one that stands in the box when the window closes: 0 for
-  // what is no number of 16 bits.
+  // Shows the level, and gives back the number that the text in the box begins with when the window
+  // closes; 0 for none and for one of more than 16 bits.
   int Edit(int level);
 
   void Form_Activate() override { TxtDbgLev.SetFocus(); }
@@ -24,7 +24,7 @@ struct FormDbg : ui::Form {
   int level_ = 0;
 };
 
-// The debug level that a text names; 0 if it names none.
-int DebugLevelOf(const std::string& text);
+// The number as a debug level; 0 if it is one of more than 16 bits.
+int DebugLevelOf(int number);
 
 }  // namespace tintbench::shell

@@ -25,6 +25,8 @@ class LinkCare {
 
   // To be called again and again while the window is open.
   void Watch();
+  // A loss is over once the operator has linked up anew, or wants no link.
+  void Forget();
 
  private:
   void TellLoss();

@@ -29,12 +29,13 @@ void Polling::SetCmdResize(bool enabled) {
 }
 
 void Polling::EventuallyRestartPolling() {
+  view_.LblHint.Visible = false;
+  if (forbidden_) return;
   if (status_.LinkState < link::kMachineHeard || pollingOn_) return;
   pollingOn_ = true;
   pollingPaused_ = false;
   view_.Timer1.Interval = kInterval;
   view_.Timer1.Enabled = true;
-  view_.LblHint.Visible = false;
   Announce("[ STARTING POLLING ]");
   decoder_.ClearLastAnswers();
   SetCmdResize(true);
@@ -42,7 +43,7 @@ void Polling::EventuallyRestartPolling() {
 
 void Polling::EventuallyStopPolling() {
   if (status_.LinkState < link::kMachineHeard || !pollingOn_) return;
-  GiveUp();
+  Halt();
   view_.LblHint.Visible = true;
   Announce("[ PAUSING POLLING ]");
   decoder_.ClearLastAnswers();
@@ -55,6 +56,12 @@ void Polling::Reset() {
 }
 
 void Polling::GiveUp() {
+  Halt();
+  view_.LblHint.Visible = false;
+  SetCmdResize(true);
+}
+
+void Polling::Halt() {
   Reset();
   view_.Timer1.Interval = 0;
   view_.Timer1.Enabled = false;

@@ -42,6 +42,8 @@ class Polling {
   void Reset();
   // Stops without a word to the operator: there is nothing at the other end any more.
   void GiveUp();
+  // While it is forbidden nothing starts polling.
+  void Forbid(bool forbidden) { forbidden_ = forbidden; }
 
   bool PollingOn() const { return pollingOn_; }
   bool PollingPaused() const { return pollingPaused_; }
@@ -52,6 +54,7 @@ class Polling {
  private:
   using Decode = bool (state::StateDecoder::*)(state::SensorPanels&, const std::string&);
 
+  void Halt();
   void Announce(const std::string& text);
   void SetCmdResize(bool enabled);
   void Ask(int row, Decode decode);
@@ -66,6 +69,7 @@ class Polling {
   LineQuality quality_;
   bool pollingOn_ = false;
   bool pollingPaused_ = true;
+  bool forbidden_ = false;
   int statusDivider_ = 0;
 };
 

@@ -29,7 +29,7 @@ Program::Program(const ProgramSetup& setup)
               {.AppPath = setup.AppPath,
                .ServeEvents = [this] { setup_.Screen.DoEvents(); },
                .DebugLevel = [this] { return log_.DebugLevel(); }}),
-      decoder_(names_, errors_, [this] { return status_.FirmwareNumber(); }),
+      decoder_(names_, errors_, [this] { return base::LeadingNumber(status_.FirmwareVersion); }),
       splash_(setup.Screen, setup.Identity),
       formDbg_(setup.Screen),
       windows_(setup.Screen, formComm_),
@@ -104,7 +104,8 @@ void Program::SweepUp() {
 
 // A program that starts without a level has no menu to change it.
 void Program::StartDebugLevel() {
-  const int level = DebugLevelOf(startupKeys_.KsvDebug);
+  const std::string& key = startupKeys_.KsvDebug;
+  const int level = base::IsNumeric(key) ? DebugLevelOf(base::LeadingInt(key)) : 0;
   form1_.MnuKsvdbg.Visible = level != 0;
   form1_.MnuKsvdbg.Enabled = level != 0;
   if (level != 0) {

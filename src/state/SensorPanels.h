@@ -95,6 +95,9 @@ struct SensorPanels {
 
   ui::Label GRLabel1{Frame(kCardPanel), "GRLabel1"};
   ui::PictureBox GRPicIOcard{Frame(kCardPanel), "GRPicIOcard"};
+  // Whether the last answer on inputs and on outputs was a good one.
+  std::array<bool, 2> PanelValid{};
+
   // Lamps of the inputs on connectors, then of the outputs; and the pairs, "off" before "on".
   ui::ControlArray<ui::Shape> GRShape1{GRPicIOcard, "GRShape1", kInputBits};
   ui::ControlArray<ui::Shape> GRShape2{GRPicIOcard, "GRShape2", 2 * kPairs};

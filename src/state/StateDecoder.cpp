@@ -12,7 +12,7 @@ constexpr const char* kInvalid = "[ INVALID DATA ]";
 constexpr std::size_t kInputsLength = 9;
 constexpr std::size_t kOutputsLength = 5;
 constexpr int kDefaultSlave = 16;
-constexpr int kLastShiftedFirmware = 3;
+constexpr double kLastShiftedFirmware = 3.0;
 // Where the errors stand in a status, from 1, and how long each is.
 constexpr int kFirstError = 4;
 constexpr int kErrorLength = 4;
@@ -130,13 +130,13 @@ bool StateDecoder::DecodeInputs(SensorPanels& panels, const std::string& answer)
   const bool isNew = IsNew(kInputs, answer);
   if (!IsGood(answer, kInputsLength)) {
     BlankInputs(panels);
-    panelValid_[kInputs] = false;
+    panels.PanelValid[kInputPanel] = false;
     return false;
   }
   if (isNew) ShowInputBits(panels, HexToBinary(answer.substr(1, 1) + answer.substr(3)));
-  panels.ILabel1.Caption = "Slave Address =" + base::BlankNumber(SlaveAddress(answer));
-  if (!panelValid_[kInputs]) EnableAll(panels, kInputBits, InputControls);
-  panelValid_[kInputs] = true;
+  panels.ILabel1.Caption = "Slave Address =" + std::to_string(SlaveAddress(answer));
+  if (!panels.PanelValid[kInputPanel]) EnableAll(panels, kInputBits, InputControls);
+  panels.PanelValid[kInputPanel] = true;
   if (isNew) panels.Frame(kCardPanel).Refresh();
   return true;
 }
@@ -156,13 +156,13 @@ bool StateDecoder::DecodeOutputs(SensorPanels& panels, const std::string& answer
   const bool isNew = IsNew(kOutputs, answer);
   if (!IsGood(answer, kOutputsLength)) {
     BlankOutputs(panels);
-    panelValid_[kOutputs] = false;
+    panels.PanelValid[kOutputPanel] = false;
     return false;
   }
   if (isNew) ShowOutputBits(panels, HexToBinary(answer.substr(1)));
   panels.OLabel1.Caption = "";
-  if (!panelValid_[kOutputs]) EnableAll(panels, kOutputBits, OutputControls);
-  panelValid_[kOutputs] = true;
+  if (!panels.PanelValid[kOutputPanel]) EnableAll(panels, kOutputBits, OutputControls);
+  panels.PanelValid[kOutputPanel] = true;
   if (isNew) panels.Frame(kCardPanel).Refresh();
   return true;
 }

@@ -14,9 +14,9 @@ namespace tintbench::state {
 
 class StateDecoder {
  public:
-  // `firmwareNumber` gives the number of the firmware's version as it stands at the moment.
+  // `firmwareNumber` gives the firmware's version as a number, as it stands at the moment.
   StateDecoder(const SensorNames& names, const ErrorTable& errors,
-               std::function<int()> firmwareNumber)
+               std::function<double()> firmwareNumber)
       : names_(names), errors_(errors), firmwareNumber_(std::move(firmwareNumber)) {}
 
   // Each moves the panel's life sign and shows the answer. True if it was a good one.
@@ -44,9 +44,8 @@ class StateDecoder {
 
   const SensorNames& names_;
   const ErrorTable& errors_;
-  std::function<int()> firmwareNumber_;
+  std::function<double()> firmwareNumber_;
   std::array<std::string, kKinds> lastAnswers_;
-  std::array<bool, 2> panelValid_{};
 };
 
 }  // namespace tintbench::state

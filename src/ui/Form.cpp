@@ -21,6 +21,7 @@ void Form::MoveFocus(Control& control) {
 }
 
 bool Form::PressKey(int code, int shift) {
+  if (!Enabled) return true;
   KeyEvent event{code, shift};
   Form_KeyDown(event);
   if (event.Code == 0) return true;

@@ -53,7 +53,7 @@ class Form : public PropertyOwner, public Container {
   void MoveFocus(Control& control);
 
   // A key of the operator: the window gets it first, then the control with the focus, then the
-  // button that stands for Enter or Esc. True if somebody used it.
+  // button that stands for Enter or Esc. True if somebody used it, or if the window is disabled.
   bool PressKey(int code, int shift);
 
   Form& OwnerForm() override { return *this; }

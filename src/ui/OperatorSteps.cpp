@@ -76,6 +76,10 @@ bool OperatorScreen::CheckPressable(const Step& step, const Pressed& pressed) {
     ScriptFails(&step, pressed.Window->Name() + " is not the front window");
     return false;
   }
+  if (!pressed.Window->Enabled) {
+    ScriptFails(&step, pressed.Window->Name() + " is disabled");
+    return false;
+  }
   if (pressed.Target == nullptr) return true;
   if (!pressed.Target->IsShown()) {
     ScriptFails(&step, step.Target.Text + " can't be seen");

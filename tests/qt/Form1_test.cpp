@@ -108,7 +108,7 @@ class MainWindow : public ::testing::Test {
 TEST_F(MainWindow, ShowsTheMachineAsItIs) {
   Run([this] {
     Pass(2);
-    EXPECT_EQ(Words(form->Panels.ILabel1), "Slave Address = 1");
+    EXPECT_EQ(Words(form->Panels.ILabel1), "Slave Address =1");
     EXPECT_FALSE(Pill(2).isChecked());
     machine.Tell("input 3 on");
     machine.Tell("error 1103");
@@ -169,7 +169,7 @@ TEST_F(MainWindow, MenuTitlePausesAndSubWindowsHideThePanels) {
     Key(Qt::Key_Escape);
     EXPECT_FALSE(Of<QLabel>(form->LblHint).isVisible());
     Pass(2);
-    EXPECT_EQ(Words(form->Panels.ILabel1), "Slave Address = 1");
+    EXPECT_EQ(Words(form->Panels.ILabel1), "Slave Address =1");
 
     bool opened = false;
     QTimer::singleShot(50, &Window(), [this, &opened] {

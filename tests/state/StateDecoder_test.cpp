@@ -59,14 +59,14 @@ TEST_F(Decoding, InputsByBitAndLevel) {
   };
   const Case cases[] = {
       {"AF0FFFFF", false, "----------", "[ INVALID DATA ]"},
-      {"A00000000", true, "1100000000", "Slave Address = 16"},
-      {"AFFFFFFFF", true, "0011111111", "Slave Address = 15"},
+      {"A00000000", true, "1100000000", "Slave Address =16"},
+      {"AFFFFFFFF", true, "0011111111", "Slave Address =15"},
       {"", false, "----------", "[ INVALID DATA ]"},
-      {"AFFFFFFFF", true, "0011111111", "Slave Address = 15"},
-      {"a01ffffff", true, "0011110000", "Slave Address = 1"},
-      {"A81FFFFFE", true, "1011110001", "Slave Address = 1"},
-      {"A1117FFFF", true, "0110001000", "Slave Address = 1"},
-      {"AGZGGGGGG", true, "0000000000", "Slave Address = 16"},
+      {"AFFFFFFFF", true, "0011111111", "Slave Address =15"},
+      {"a01ffffff", true, "0011110000", "Slave Address =1"},
+      {"A81FFFFFE", true, "1011110001", "Slave Address =1"},
+      {"A1117FFFF", true, "0110001000", "Slave Address =1"},
+      {"AGZGGGGGG", true, "0000000000", "Slave Address =16"},
       {"N00000000", false, "----------", "[ INVALID DATA ]"},
       {"A000000000", false, "----------", "[ INVALID DATA ]"},
   };

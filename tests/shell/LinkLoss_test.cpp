@@ -1,0 +1,159 @@
+// A line that is lost while the main window is open, and what the operator's hand can do while the
+// window links up again or closes.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "shell/TestProgram.h"
+
+namespace tintbench::testing {
+
+namespace {
+
+class LinkLoss : public ::testing::Test {
+ protected:
+  void Run(std::vector<std::function<void()>> hand) {
+    test.Screen.Hand.assign(hand.begin(), hand.end());
+    ASSERT_EQ(test.Run(), shell::Program::Result::Good);
+    EXPECT_TRUE(test.Screen.Hand.empty());
+  }
+  shell::Form1& Window() { return test.MainWindow(); }
+  std::string TakeWritten() { return std::exchange(test.Port->Written, {}); }
+  void Pass(double seconds) { test.Screen.Pass(seconds); }
+  void Tell(const char* words) { ASSERT_EQ(test.Machine().Tell(words), ""); }
+  void LoseAndBringBack() {
+    Pass(2);
+    Tell("unplug");
+    Pass(2);
+    Tell("plug");
+    Pass(2);
+    TakeWritten();
+  }
+
+  TestProgram test;
+};
+
+TEST_F(LinkLoss, LostLineIsToldOnceAndConnectedAgainOnlyByTheOperator) {
+  Run({[&] {
+         Pass(2);
+         ASSERT_EQ(test.Machine().Tell("unplug"), "");
+         Pass(3);
+         EXPECT_EQ(Window().LblLink.Caption->substr(0, 33), "The line to the machine was lost.");
+         EXPECT_FALSE(Window().Panels.ICheck1(0).Enabled);
+         EXPECT_FALSE(Window().MnuMaint.Enabled);
+         EXPECT_FALSE(Window().CmdReconnect.Visible);
+         TakeWritten();
+         Pass(600);
+         ASSERT_EQ(test.Machine().Tell("plug"), "");
+         Pass(30);
+         EXPECT_EQ(TakeWritten(), "");
+         EXPECT_TRUE(Window().CmdReconnect.Visible);
+         ASSERT_EQ(test.Machine().Tell("unplug"), "");
+         Pass(2);
+         EXPECT_FALSE(Window().CmdReconnect.Visible);
+         EXPECT_EQ(Window().LblLink.Caption->substr(0, 33), "The line to the machine was lost.");
+         ASSERT_EQ(test.Machine().Tell("plug"), "");
+         Pass(2);
+       },
+       [&] {
+         test.Screen.Alone([&] { Window().CmdReconnect.Press(); });
+         EXPECT_EQ(Window().LblLink.Caption.Get(), "Machine linked, configuration known");
+         EXPECT_FALSE(Window().CmdReconnect.Visible);
+         Pass(3);
+         EXPECT_EQ(Window().Panels.ILabel1.Caption.Get(), "Slave Address =1");
+       }});
+  EXPECT_TRUE(test.Screen.Boxes.empty());
+}
+
+// Link-up serves events; nothing else may get on its line.
+TEST_F(LinkLoss, NothingStartsWhileItConnectsAgain) {
+  Run({[&] { LoseAndBringBack(); },
+       [&] {
+         Window().CmdReconnect.Press();
+         test.Screen.Hand.clear();
+         EXPECT_EQ(TakeWritten().find("#ir*"), std::string::npos);
+         EXPECT_EQ(test.Program->Status().LinkState, link::kConfigKnown);
+         EXPECT_TRUE(Window().Poll().PollingOn());
+       },
+       [&] {
+         EXPECT_FALSE(Window().Enabled);
+         Window().PressKey(ui::kKeyEsc, 0);
+         Window().Form_Click();
+         EXPECT_FALSE(Window().Poll().PollingOn());
+         // The hand rests as long as link-up serves events.
+         test.Screen.Hand.assign(1000, [&] { Pass(0.1); });
+       }});
+  EXPECT_TRUE(test.Screen.Boxes.empty());
+}
+
+TEST_F(LinkLoss, CloseWaitsForTheEndOfLinkUp) {
+  bool refused = false;
+  Run({[&] { LoseAndBringBack(); }, [&] { Window().CmdReconnect.Press(); },
+       [&] { refused = !test.Screen.CloseByOperator(Window()) && Window().Visible; }});
+  EXPECT_TRUE(refused);
+  EXPECT_FALSE(test.Port->PortOpen());
+  EXPECT_EQ(test.Port->Written.find("#ir*"), std::string::npos);
+}
+
+TEST_F(LinkLoss, NothingStartsOnTheWayOut) {
+  std::filesystem::create_directories(test.Folder.Path("CONFIGUR"));
+  test.Folder.Put("CONFIGUR/KSSETTING.TXT", "serial , master\r\n");
+  Run({[&] {
+         Tell("fault silent #py*");
+         Pass(2);
+       },
+       [&] {
+         test.Screen.CloseByOperator(Window());
+         test.Screen.Hand.clear();
+         EXPECT_FALSE(test.Port->PortOpen());
+       },
+       [&] {
+         Window().Form_Click();
+         Window().PressKey(ui::kKeyEsc, 0);
+         EXPECT_FALSE(Window().Poll().PollingOn());
+         // The hand rests as long as the way out serves events.
+         test.Screen.Hand.assign(1000, [&] { Pass(0.1); });
+       }});
+  const std::string written = TakeWritten();
+  ASSERT_NE(written.find("#PY*"), std::string::npos);
+  EXPECT_EQ(written.substr(written.find("#PY*")), "#PY*");
+}
+
+TEST_F(LinkLoss, LostBehindASubWindowOrWhilePausedIsToldInTheWindowAlone) {
+  Run({[&] {
+         Pass(2);
+         Window().MnuAutotest.Press();
+       },
+       [&] {
+         TakeWritten();
+         Tell("unplug");
+         test.Screen.CloseByOperator(*test.Screen.Front());
+       },
+       [&] {
+         EXPECT_EQ(TakeWritten(), "");
+         EXPECT_EQ(Window().LblLink.Caption->substr(0, 33), "The line to the machine was lost.");
+         EXPECT_FALSE(Window().LblHint.Visible);
+         EXPECT_TRUE(Window().CmdResize(0).Enabled);
+       }});
+  EXPECT_TRUE(test.Screen.Boxes.empty());
+}
+
+// The maintenance menu must not be the only one that works while a panel is large.
+TEST_F(LinkLoss, LargePanelKeepsItsMenusAfterConnectingAgain) {
+  Run({[&] {
+         Pass(2);
+         Window().PressKey('I', ui::kCtrl);
+         LoseAndBringBack();
+       },
+       [&] {
+         test.Screen.Alone([&] { Window().CmdReconnect.Press(); });
+         EXPECT_FALSE(Window().MnuMaint.Enabled);
+         EXPECT_FALSE(Window().MnuMachConf.Enabled);
+         Window().PressKey('I', ui::kCtrl);
+         EXPECT_TRUE(Window().MnuMaint.Enabled);
+       }});
+}
+
+}  // namespace
+
+}  // namespace tintbench::testing
