@@ -11,6 +11,10 @@ namespace {
 constexpr int kCharacterTimeoutMs = 5000;
 constexpr int kSecondCancelTimeoutMs = 2000;
 constexpr int kDrainTimeoutMs = 1000;
+// A sender waits silently behind its end of file, while in a block the next character follows at
+// once, or, with an adapter that hands them over in heaps, within 16 ms.
+constexpr int kQuietEndMs = 60;
+constexpr int kNothingUsable = -2;  // characters came, but none that can be believed
 constexpr std::size_t kCopySize = 65536;
 
 }  // namespace
@@ -28,18 +32,37 @@ int XmodemReceiver::Run() {
 }
 
 int XmodemReceiver::Handshake(const XmodemRetry& description, int& answer) {
+  int word = description.Send;
   for (int attempt = 0; attempt < description.Retries; ++attempt) {
     if (session_.State.XmodemAbortFlag) return session_.Cancel(kXmodemAborted);
-    session_.Line.SendChar(description.Send);
-    answer = session_.Line.ReadChar(description.TimeoutMs);
-    if (answer == kXmodemSilence) continue;
+    session_.Line.SendChar(word);
+    answer = AwaitAnswer(description);
     if (answer == kXmodemBel) return kXmodemMachineRefuses;
-    const auto& expected = description.Expected;
-    const bool usable = std::find(expected.begin(), expected.end(), answer) != expected.end();
-    if (usable) return kXmodemSuccessful;
+    if (answer >= 0) return kXmodemSuccessful;
+    // It may have been a block whose start was lost; an ACK would count for it.
+    if (answer == kNothingUsable) word = kXmodemNak;
   }
   return kXmodemRetriesUsedUp;
 }
+
+// Reads over what wasn't expected, until the line rests or the time of one try is over.
+int XmodemReceiver::AwaitAnswer(const XmodemRetry& description) {
+  const auto& expected = description.Expected;
+  const double end = session_.Now() + description.TimeoutMs / 1000.0;
+  bool strange = false;
+  while (true) {
+    const int answer = session_.Line.ReadChar(strange ? kDrainTimeoutMs : description.TimeoutMs);
+    if (answer == kXmodemSilence) return strange ? kNothingUsable : kXmodemSilence;
+    if (answer == kXmodemBel) return answer;
+    const bool usable = std::find(expected.begin(), expected.end(), answer) != expected.end();
+    // A block proves itself; an end of file must stand alone.
+    if (usable && (answer != kXmodemEot || (!strange && LineIsQuiet()))) return answer;
+    strange = true;
+    if (session_.AbortedMeanwhile() || session_.Now() >= end) return kNothingUsable;
+  }
+}
+
+bool XmodemReceiver::LineIsQuiet() { return session_.Line.ReadChar(kQuietEndMs) == kXmodemSilence; }
 
 int XmodemReceiver::ReceiveBlocks(int header) {
   while (header != kXmodemEot) {

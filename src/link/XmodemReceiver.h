@@ -19,7 +19,9 @@ class XmodemReceiver {
   int Run();
 
   // Sends the description's character until one of its expected answers comes, which is handed
-  // back in `answer`. Gives a status; `answer` isn't meaningful unless that is 0.
+  // back in `answer`. It is sent again only to a line that rests, and then, where something strange
+  // has come meanwhile, a NAK is sent in its place. An end of file counts only with silence around
+  // it. Gives a status; `answer` isn't meaningful unless that is 0.
   int Handshake(const XmodemRetry& description, int& answer);
 
   // Reads the block behind a header character, `State.BlockSize` bytes of data, with a checksum
@@ -27,6 +29,8 @@ class XmodemReceiver {
   int ReadBlock();
 
  private:
+  int AwaitAnswer(const XmodemRetry& description);
+  bool LineIsQuiet();
   int ReceiveBlocks(int header);
   int CheckHeader(int header);
   bool ReadData();

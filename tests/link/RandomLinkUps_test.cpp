@@ -198,8 +198,6 @@ TEST_P(RandomLinkUps, BelieveOnlyWhatCrossedTheLine) {
   RecordProperty("Failed", std::to_string(files[Outcome::Failed]));
   RecordProperty("EqualCheck", std::to_string(files[Outcome::EqualCheck]));
   RecordProperty("ForgedWord", std::to_string(files[Outcome::ForgedWord]));
-  RecordProperty("SecondAck", std::to_string(files[Outcome::SecondAck]));
-  RecordProperty("FalseEnd", std::to_string(files[Outcome::FalseEnd]));
   RecordProperty("LongestSeconds", std::to_string(longest));
 }
 

@@ -105,8 +105,6 @@ void TransferAll(Operation operation, std::uint32_t part) {
   ::testing::Test::RecordProperty("Failed", std::to_string(counts[Outcome::Failed]));
   ::testing::Test::RecordProperty("EqualCheck", std::to_string(counts[Outcome::EqualCheck]));
   ::testing::Test::RecordProperty("ForgedWord", std::to_string(counts[Outcome::ForgedWord]));
-  ::testing::Test::RecordProperty("SecondAck", std::to_string(counts[Outcome::SecondAck]));
-  ::testing::Test::RecordProperty("FalseEnd", std::to_string(counts[Outcome::FalseEnd]));
   ::testing::Test::RecordProperty("LongestSeconds", std::to_string(longest));
 }
 

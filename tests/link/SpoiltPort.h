@@ -81,7 +81,6 @@ class SpoiltPort final : public link::SerialPort {
 
   Arrived Read;         // what the program has taken
   Arrived Heard;        // what went on to the machine
-  std::string Sent;     // what the machine had sent when the program last did
   std::string Written;  // what the program sent
   // How much had been read when the program sent for the n-th time.
   std::vector<std::size_t> ReadAtOutput;
@@ -105,11 +104,7 @@ class SpoiltPort final : public link::SerialPort {
   void InputLen(int bytes) override { inputLen_ = bytes; }
 
   std::size_t InBufferCount() override {
-    if (port_.InBufferCount() > 0) {
-      const std::string bytes = port_.Input();
-      sentSince_ += bytes;
-      toProgram_.Pass(bytes, waiting_);
-    }
+    if (port_.InBufferCount() > 0) toProgram_.Pass(port_.Input(), waiting_);
     return waiting_.Bytes.size() - taken_;
   }
 
@@ -129,7 +124,6 @@ class SpoiltPort final : public link::SerialPort {
 
   void Output(std::string_view bytes) override {
     Written += bytes;
-    Sent += std::exchange(sentSince_, {});
     ReadAtOutput.push_back(Read.Bytes.size());
     const std::size_t before = Heard.Bytes.size();
     toMachine_.Pass(bytes, Heard);
@@ -152,7 +146,6 @@ class SpoiltPort final : public link::SerialPort {
   Spoiler toProgram_;
   Spoiler toMachine_;
   int inputLen_ = 0;
-  std::string sentSince_;
   Arrived waiting_;
   std::size_t taken_ = 0;  // of what waits
 };
@@ -178,16 +171,13 @@ struct SentFile {
   bool Crc;
 };
 
-// What comes of a transfer, by the file that is there afterwards. Two excuses are the protocol's
-// own; the last two are the price of the receiver's rules: a byte that it didn't expect has its
-// last word sent again, and an end of file is believed at once.
+// What comes of a transfer, by the file that is there afterwards. The two excuses are the
+// protocol's own.
 enum class Outcome {
   Identical,
   Failed,
   EqualCheck,  // a spoilt block had the check of its bytes
   ForgedWord,  // the line has made an answer or an end of file, neither of which carries a check
-  SecondAck,   // behind a stray byte a block was acknowledged twice, and the sender went ahead
-  FalseEnd,    // behind a lost start of a block, a byte of it reads as an end of file
   Wrong,       // what somebody had to notice
 };
 
@@ -212,12 +202,8 @@ inline Outcome ExplainReceived(const SentFile& sent, const std::string& got,
   if (got == sent.Padded) return Outcome::Identical;
   if (!Crossed(port.Read.Bytes, got, sent)) return Outcome::Wrong;
   if (!sent.Padded.starts_with(got)) return Outcome::EqualCheck;
-  if (MadeByLine(port.Read, kEot) || MadeByLine(port.Heard, kAck)) return Outcome::ForgedWord;
-  const auto acks = std::count(port.Written.begin(), port.Written.end(), kAck[0]);
-  const auto blocks = static_cast<std::ptrdiff_t>(got.size() / sent.BlockSize);
-  if (acks > blocks + 1) return Outcome::SecondAck;
-  const bool sentAll = Crossed(port.Sent, sent.Padded, sent);
-  return sentAll ? Outcome::Wrong : Outcome::FalseEnd;
+  const bool forged = MadeByLine(port.Read, kEot) || MadeByLine(port.Heard, kAck);
+  return forged ? Outcome::ForgedWord : Outcome::Wrong;
 }
 
 // Why the machine has `got` for `sent`, when the program says that all is well. `ended` says

@@ -10,13 +10,16 @@ using Script = void (*)(ScriptedPort& port);
 
 const std::string kData = Sample(128);
 const std::string kMore = Sample(1024);
+// No control characters, and a check that reads as an end of file.
+const std::string kText = std::string(127, 't') + "x";
+constexpr double kQuietEnd = 0.06;
 
 // The first block of a transfer, taken and acknowledged.
 ScriptedPort& PlayFirst(ScriptedPort& port) {
   return port.Expect(kNak).Reply(Block(1, kData)).Expect(kAck);
 }
 
-void PlayEnd(ScriptedPort& port) { port.Reply(kEot).Expect(kAck); }
+void PlayEnd(ScriptedPort& port) { port.Reply(kEot).Wait(kQuietEnd).Expect(kAck); }
 
 // A block that must be asked for again, and is then good.
 void PlayBad(ScriptedPort& port, const std::string& bad, double until) {
@@ -27,8 +30,8 @@ void PlayBad(ScriptedPort& port, const std::string& bad, double until) {
 struct Case {
   const char* Name;
   int Status;
-  double Seconds;
-  int Blocks;  // of 128 bytes that the file holds then, -1 for none at all
+  double Seconds;  // but for the quiet behind an end that is believed
+  int Blocks;      // of 128 bytes that the file holds then, -1 for none at all
   Script Play;
 };
 
@@ -43,9 +46,9 @@ const Case kCases[] = {
            .Expect(kAck);
        PlayEnd(port);
      }},
-    {"strange characters at the start", 0, 0, 1,
+    {"strange characters at the start", 0, 2, 1,
      [](ScriptedPort& port) {
-       port.Expect(kNak).Reply("x").Expect(kNak).Reply(kEot);
+       port.Expect(kNak).Reply("x").Wait(1).Expect(kNak).Reply(kEot).Wait(1);
        PlayEnd(PlayFirst(port));
      }},
     {"a sender that starts late", 0, 30, 1,
@@ -63,10 +66,27 @@ const Case kCases[] = {
        PlayFirst(port).Reply(Block(1, kData)).Expect(kAck).Reply(Block(2, kData)).Expect(kAck);
        PlayEnd(port);
      }},
-    {"silence and strange characters between blocks", 0, 10, 2,
+    {"silence between blocks", 0, 10, 2,
      [](ScriptedPort& port) {
-       PlayFirst(port).Reply("x").Expect(kAck).Wait(10).Expect(kAck).Reply(Block(2, kData));
+       PlayFirst(port).Wait(10).Expect(kAck).Reply(Block(2, kData)).Expect(kAck);
+       PlayEnd(port);
+     }},
+    {"a strange character before a block asks for nothing", 0, 0, 2,
+     [](ScriptedPort& port) {
+       PlayEnd(PlayFirst(port).Reply("x" + Block(2, kData)).Expect(kAck));
+     }},
+    // An ACK here would count for the block, and the end of file would come next.
+    {"the start of the last block is lost", 0, 1, 2,
+     [](ScriptedPort& port) { PlayBad(port, Block(2, kText).substr(1), 1); }},
+    {"the start of block 4 is lost, whose number reads as an end", 0, 1, 4,
+     [](ScriptedPort& port) {
+       PlayFirst(port).Reply(Block(2, kData)).Expect(kAck).Reply(Block(3, kData)).Expect(kAck);
+       port.Reply(Block(4, kText).substr(1)).Wait(1).Expect(kNak).Reply(Block(4, kText));
        PlayEnd(port.Expect(kAck));
+     }},
+    {"an end that comes twice", 0, 1.059, 1,
+     [](ScriptedPort& port) {
+       PlayEnd(PlayFirst(port).Reply(kEot).Wait(0.059).Reply(kEot).Wait(1).Expect(kNak));
      }},
     {"wrong checksum", 0, 1, 2,
      [](ScriptedPort& port) { PlayBad(port, Block(2, kData).replace(50, 1, "!"), 1); }},
@@ -88,9 +108,9 @@ const Case kCases[] = {
      [](ScriptedPort& port) {
        for (int i = 0; i < 10; ++i) port.Expect(kNak).Wait(10);
      }},
-    {"a sender that has nothing to send", 10, 0, -1,
+    {"a sender that has nothing to send", 10, 10, -1,
      [](ScriptedPort& port) {
-       for (int i = 0; i < 10; ++i) port.Expect(kNak).Reply(kEot);
+       for (int i = 0; i < 10; ++i) port.Expect(kNak).Reply(kEot).Wait(1);
      }},
     {"a sender that falls silent", 10, 100, -1,
      [](ScriptedPort& port) {
@@ -105,6 +125,10 @@ const Case kCases[] = {
     {"a line that never rests behind a bad block", 10, 100, -1,
      [](ScriptedPort& port) {
        port.Expect(kNak).Reply("\x01xx").Trickle(std::string(200, 'x'), 0.5).Expect(kCancel);
+     }},
+    {"a line that never rests before the first block", 10, 100, -1,
+     [](ScriptedPort& port) {
+       for (int i = 0; i < 10; ++i) port.Expect(kNak).Trickle(std::string(20, 'x'), 0.5);
      }},
     {"a block left out", 17, 0, -1,
      [](ScriptedPort& port) { PlayFirst(port).Reply(Block(3, kData)).Expect(kCancel); }},
@@ -121,7 +145,7 @@ TEST(XmodemReceiver, EndsWithTheStatusOfWhatTheSenderDoes) {
     const std::string file = bench.Folder.Put("file", "earlier");
     one.Play(bench.Port);
     EXPECT_EQ(bench.Receive(file), one.Status);
-    EXPECT_NEAR(bench.Clock.Now(), one.Seconds, 0.001);
+    EXPECT_NEAR(bench.Clock.Now(), one.Seconds + (one.Status == 0 ? kQuietEnd : 0), 0.001);
     const std::string content = bench.Folder.Get("file");
     if (one.Blocks < 0) {
       EXPECT_EQ(content, "earlier");

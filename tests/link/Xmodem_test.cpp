@@ -131,7 +131,7 @@ TEST(Xmodem, TracesEachCharacterAtLevelSevenAlone) {
   bench.Port.Expect(kNak).Wait(0.25).Reply("x").Expect(kNak).Wait(10).Expect(kNak).Reply(kBel);
   EXPECT_EQ(bench.Receive(bench.Folder.Path("file")), 255);
   const std::string trace =
-      "(S=0)(\x15)\r\n[R=0.25][x]\r\n(S=0.25)(\x15)\r\n(S=10.25)(\x15)\r\n[R=10.25][\x07]\r\n";
+      "(S=0)(\x15)\r\n[R=0.25][x]\r\n(S=1.25)(\x15)\r\n(S=11.25)(\x15)\r\n[R=11.25][\x07]\r\n";
   EXPECT_EQ(bench.Folder.Get("xmdebug.log"), trace);
   for (const int level : {0, 3, 6, 8, 15}) {
     bench.DebugLevel = level;
