@@ -5,17 +5,13 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
 namespace {
 
 constexpr int kNoRow = -1;
-constexpr int kCapOpen = 21;
-constexpr int kCapMiddle = 23;
-constexpr int kMotorOn = 28;
-constexpr int kMotorOff = 29;
-constexpr int kMotorSpeed = 30;
 
 constexpr int kElementLength = 2;
 constexpr std::size_t kSpeedLength = 3;
@@ -27,7 +23,7 @@ constexpr int kSpeedDigits = 10;
 constexpr double kSpeedUnit = 100.0;
 constexpr double kWatchPause = 1.0;  // seconds
 
-bool MovesCap(int row) { return row >= kCapOpen && row <= kCapMiddle; }
+bool MovesCap(int row) { return row >= rows::kCapOpen && row <= rows::kCapIntermediate; }
 
 std::string SpeedLine(const std::string& rpm) { return "Speed received [ " + rpm + " rpm ]"; }
 
@@ -52,12 +48,12 @@ struct MaintenanceWalk::Walk {
 
 const MaintenanceWalk::Walk* MaintenanceWalk::WalkOf(int option) {
   static constexpr std::array<Walk, 6> kWalks{{
-      {kEachValve, 17, 18, config::kCircuits},
-      {kOpenEachCap, kCapOpen, kNoRow, config::kCaps},
-      {kCloseEachCap, 22, kNoRow, config::kCaps},
-      {kEachMotor, kMotorOn, kMotorOff, config::kMotors},
-      {kEachStirring, 19, 20, config::kStirrings},
-      {kCapIntermediate, kCapMiddle, kNoRow, config::kCaps},
+      {kEachValve, rows::kValvesOn, rows::kValvesOff, config::kCircuits},
+      {kOpenEachCap, rows::kCapOpen, kNoRow, config::kCaps},
+      {kCloseEachCap, rows::kCapClose, kNoRow, config::kCaps},
+      {kEachMotor, rows::kMotorOn, rows::kMotorOff, config::kMotors},
+      {kEachStirring, rows::kStirringOn, rows::kStirringOff, config::kStirrings},
+      {kCapIntermediate, rows::kCapIntermediate, kNoRow, config::kCaps},
   }};
   const auto* const found = std::find_if(
       kWalks.begin(), kWalks.end(), [option](const Walk& walk) { return walk.Option == option; });
@@ -72,7 +68,7 @@ void MaintenanceWalk::Restart() {
 bool MaintenanceWalk::Step(int option) {
   if (WalkOf(option) == nullptr) return false;
   const Walk& walk = *WalkOf(option);
-  const bool offDone = walk.OffRow == kMotorOff && motorOffDone_;
+  const bool offDone = walk.OffRow == rows::kMotorOff && motorOffDone_;
   if (walk.OffRow != kNoRow && !element_.empty() && !offDone) SwitchOff(walk.OffRow, element_);
   std::string next = TakeNext(walk);
   if (next.empty()) {
@@ -80,7 +76,7 @@ bool MaintenanceWalk::Step(int option) {
     if (walk.OffRow == kNoRow) next = TakeNext(walk);
   }
   if (next.empty()) return false;
-  if (walk.OnRow == kMotorOn) return StepMotor(next, IsAtLast(walk));
+  if (walk.OnRow == rows::kMotorOn) return StepMotor(next, IsAtLast(walk));
   SwitchOn(walk.OnRow, next, {});
   element_ = next;
   return false;
@@ -92,7 +88,7 @@ std::string MaintenanceWalk::TakeNext(const Walk& walk) {
   std::string element;
   do {
     element = base::GetField(++position_, list, ",");
-  } while (walk.OnRow == kCapMiddle && !element.empty() &&
+  } while (walk.OnRow == rows::kCapIntermediate && !element.empty() &&
            base::FindField(element, facts.CapThreePositionList, ",") == 0);
   return element;
 }
@@ -111,13 +107,13 @@ bool MaintenanceWalk::StepMotor(const std::string& motor, bool last) {
     if (last) Restart();
     return false;
   }
-  if (!SwitchOn(kMotorOn, motor, *speed)) return false;
+  if (!SwitchOn(rows::kMotorOn, motor, *speed)) return false;
   if (MotorSpeedWatch(motor)) {
     motorOffDone_ = true;
     return false;
   }
   if (!last) return true;
-  SwitchOff(kMotorOff, motor);
+  SwitchOff(rows::kMotorOff, motor);
   Restart();
   return false;
 }
@@ -130,7 +126,7 @@ void MaintenanceWalk::SwitchOff(int row, const std::string& element) {
 
 bool MaintenanceWalk::SwitchOn(int row, const std::string& element, const std::string& speed) {
   const std::string argument = element + speed;
-  const std::string shownSpeed = row == kMotorOn ? " (Speed=" + speed + ")" : std::string();
+  const std::string shownSpeed = row == rows::kMotorOn ? " (Speed=" + speed + ")" : std::string();
   window_.ShowReport(window_.Description(row) + kLineEnd + kLineEnd + element + shownSpeed +
                      " -> ");
   const std::string answer =
@@ -155,7 +151,7 @@ bool MaintenanceWalk::CheckEcho(const std::string& answer, const std::string& ar
 std::optional<std::string> MaintenanceWalk::SpeedPrompt(const std::string& motor) {
   ui::Question question{
       .Prompt = "Input 3 decimal characters for the speed of motor " + base::Bracketed(motor),
-      .Title = window_.Description(kMotorOn),
+      .Title = window_.Description(rows::kMotorOn),
       .Default = lastSpeed_};
   while (true) {
     const std::string reply = window_.Work.Screen.Ask(question).value_or("");
@@ -178,7 +174,7 @@ bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
   std::string line = SpeedLine("0");
   window_.ShowReport(before + line);
   while (!window_.AbortableWait(kWatchPause, flags.MotorRunning) && flags.MotorRunning) {
-    const std::string answer = window_.Send(kMotorSpeed, motor);
+    const std::string answer = window_.Send(rows::kMotorSpeed, motor);
     const bool good = base::Left(answer, 1) == "A";
     if (good) {
       const std::string digits = base::Mid(answer, kSpeedPosition, kSpeedDigits);

@@ -1,4 +1,4 @@
-// The numbers of the command table's rows that the composite processes send.
+// The numbers of the command table's rows that walks and composite processes send.
 #pragma once
 
 namespace tintbench::commands::rows {
@@ -8,6 +8,8 @@ inline constexpr int kStatus = 3;
 inline constexpr int kVerify = 6;
 inline constexpr int kValvesOn = 17;
 inline constexpr int kValvesOff = 18;
+inline constexpr int kStirringOn = 19;
+inline constexpr int kStirringOff = 20;
 inline constexpr int kCapOpen = 21;
 inline constexpr int kCapClose = 22;
 inline constexpr int kCapIntermediate = 23;
@@ -16,6 +18,7 @@ inline constexpr int kShelfUp = 25;
 inline constexpr int kShelfDown = 26;
 inline constexpr int kMotorOn = 28;
 inline constexpr int kMotorOff = 29;
+inline constexpr int kMotorSpeed = 30;
 inline constexpr int kAllOff = 31;
 inline constexpr int kValveTest = 32;
 
