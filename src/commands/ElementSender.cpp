@@ -40,9 +40,15 @@ std::string ResultText(int row, int result) {
                           "  purge process on the machine", "  ( can is present ? ... )"});
 }
 
-// The elements of a round with blanks between them.
-std::string ElementsText(const std::string& piece) {
-  return piece.empty() ? "" : " [ " + base::Join(Pieces(piece, kElementWidth), " ") + " ]";
+std::string InBrackets(const std::string& text) { return "[ " + text + " ]"; }
+
+// What a round is about, as the report tells it.
+std::string RoundText(const std::string& description, const std::string& piece,
+                      const std::string& speed) {
+  std::string text = description;
+  if (!piece.empty()) text += " " + InBrackets(base::Join(Pieces(piece, kElementWidth), " "));
+  if (!speed.empty()) text += " -> speed " + InBrackets(speed);
+  return text + " ... ";
 }
 
 bool Matches(std::string_view received, std::string_view expected) {
@@ -128,16 +134,16 @@ bool ElementSender::Pause(double seconds) {
 bool ElementSender::SendRound(int row, const std::string& piece, const std::string& speed,
                               const std::string& expected) {
   const link::CommandRow& command = window_.Work.Table.Row(row);
-  const std::string speedText = speed.empty() ? "" : " -> speed " + base::Bracketed(speed);
-  window_.AddToReport(command.Description + ElementsText(piece) + base::TrimRight(speedText) +
-                      " ... ");
+  window_.AddToReport(RoundText(command.Description, piece, speed));
+  // A refusal is shorter than the answer that is due, so it may still lie on the line: taken for
+  // the beginning of the next answer, it would keep valves and caps from being closed.
+  if (window_.Work.Port.InBufferCount() > 0) window_.Work.Port.Input();
   window_.Work.Port.Output(link::FinishCommand(command.Command, piece + speed));
   const int result = GetDoubleAnswer(expected);
   window_.AddToReport(ResultText(row, result) + kLineEnd);
   return result == kAsExpected;
 }
 
-// What arrives too late or too short stays on the line: nobody reads it before the next answer.
 int ElementSender::GetDoubleAnswer(const std::string& expected) {
   const std::string wanted = base::ToUpper(expected);
   if (!AwaitCharacters(wanted.size())) return kNoAnswer;
