@@ -25,10 +25,14 @@ namespace tintbench::testing {
 namespace {
 
 constexpr double kHour = 3600;
+#ifdef __SANITIZE_ADDRESS__
+constexpr double kDay = 2 * kHour;  // for the sanitizers' slowness
+#else
 constexpr double kDay = 8 * kHour;
+#endif
 constexpr double kCalm = 120;  // seconds in which the machine gets over what it was told by mistake
 constexpr std::size_t kTicksCompared = 8;
-constexpr std::size_t kLeastOfEach = 500;
+constexpr std::size_t kLeastOfEach = 100;
 constexpr const char* kInvalid = "[ INVALID DATA ]";
 
 constexpr std::array kFaults{
