@@ -29,8 +29,8 @@ using Decoder = void (*)(const Exchange&, CommWindow&, Outcome&);
 
 // What is special to the rows from `First` to `Last`.
 struct RowRule {
-  int First;
-  int Last;
+  int First = 0;
+  int Last = 0;
   unsigned View = 0;
   std::array<Field, 4> Fields = {};
   int DoneAt = 0;            // where the answer tells whether the operation worked; 0 if nowhere

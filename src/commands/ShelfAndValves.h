@@ -35,7 +35,7 @@ class ShelfAndValves {
  private:
   // One of the shelf's two ways.
   struct Way {
-    int Row;
+    int Row = 0;
     bool Moving = false;
     double Since = 0;  // on the program's clock
   };
