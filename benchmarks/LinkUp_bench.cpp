@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "BenchScreen.h"
 #include "Ratio.h"
 #include "base/Clock.h"
 #include "base/Files.h"
@@ -52,38 +53,6 @@ class CountingPort final : public link::SerialPort {
   link::SerialPort& port_;
 };
 
-// No operator: every box is answered, and the main window closes once `AtMainWindow` is through.
-class BenchScreen final : public ui::Screen {
- public:
-  using ui::Screen::Screen;
-  std::function<void()> AtMainWindow;
-  ui::Answer Ask(const ui::Box&) override { return ui::Answer::OK; }
-  std::optional<std::string> Ask(const ui::Question&) override { return std::nullopt; }
-  std::optional<std::string> Ask(const ui::FileRequest&) override { return std::nullopt; }
-  double TextWidth(const ui::Form&, std::string_view text) const override {
-    return static_cast<double>(text.size());
-  }
-
- protected:
-  bool ServeOperator() override {
-    // A transfer serves events too; nobody closes the window while it is measured.
-    if (Front() == nullptr || measuring_) return false;
-    if (!Front()->IsSplash()) {
-      measuring_ = true;
-      AtMainWindow();
-      measuring_ = false;
-    }
-    CloseByOperator(*Front());
-    return true;
-  }
-  void AwaitOperator(double when) override { Time().SleepUntil(when); }
-  void Appeared(ui::Form&, bool) override {}
-  void Vanished(ui::Form&) override {}
-
- private:
-  bool measuring_ = false;
-};
-
 void Measure() {
   const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tintbench-bench";
   std::filesystem::create_directories(folder);
@@ -96,6 +65,8 @@ void Measure() {
   shell::Program program({clock, files, port, screen, shell::MakeIdentity("TintBench", "0.0.0"),
                           folder.string(), "PORT(1:)"});
   screen.AtMainWindow = [&] {
+    // As ever when something else than the main window uses the line.
+    dynamic_cast<shell::Form1&>(*screen.FindForm("Form1")).Poll().EventuallyStopPolling();
     std::string number = "001";
     std::string settings = "19200,N,8,1";
     port.Bytes = 0;
