@@ -47,7 +47,7 @@ std::string RoundText(const std::string& description, const std::string& piece,
                       const std::string& speed) {
   std::string text = description;
   if (!piece.empty()) text += " " + InBrackets(base::Join(Pieces(piece, kElementWidth), " "));
-  if (!speed.empty()) text += " -> speed " + InBrackets(speed);
+  if (!speed.empty()) text += " -> speed " + base::Bracketed(speed);
   return text + " ... ";
 }
 

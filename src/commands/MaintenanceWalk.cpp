@@ -173,7 +173,8 @@ bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
   const std::string before = window_.TextOutput.Text;
   std::string line = SpeedLine("0");
   window_.ShowReport(before + line);
-  while (!window_.AbortableWait(kWatchPause, flags.MotorRunning) && flags.MotorRunning) {
+  while (!window_.AbortableWait(kWatchPause, flags.MotorRunning) && flags.MotorRunning &&
+         window_.Work.Port.PortOpen()) {
     const std::string answer = window_.Send(rows::kMotorSpeed, motor);
     const bool good = base::Left(answer, 1) == "A";
     if (good) {
@@ -182,7 +183,7 @@ bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
     }
     window_.ShowReport(before + line + (good ? "" : kInvalidData));
   }
-  // Only a program that ends leaves it set.
+  // Only a program that ends and a lost port leave it set.
   const bool halted = flags.HaltPressed || flags.Closing || flags.MotorRunning;
   flags.MotorRunning = false;
   window_.Options.UnlockOptions();

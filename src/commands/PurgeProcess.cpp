@@ -34,6 +34,10 @@ std::string WithoutCommas(std::string text) {
   return text;
 }
 
+bool AreElements(const std::string& text) {
+  return text.size() % kDigits == 0 && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
 }  // namespace
 
 std::string MapList(std::string_view list, std::string_view keys, std::string_view values,
@@ -75,17 +79,18 @@ bool PurgeProcess::Prepare() {
   return shelf_.CheckPurgeConditions() && AskCircuits() && AskSpeeds();
 }
 
+// Asks until the answer is one of adjacent circuits, or empty.
 bool PurgeProcess::AskCircuits() {
-  const std::string all = WithoutCommas(window_.Work.Facts.ElementLists[config::kCircuits]);
-  remaining_ =
-      window_.Work.Screen
-          .Ask(ui::Question{
-              .Prompt = Lines({"If you prefer, choose manually the circuits to purge",
-                               "by inputing N adjacent groups of 2 decimal characters each.", "",
-                               "Otherwise the purge will be done automatically",
-                               "considering all the circuits of the machine !!"}),
-              .Default = all})
-          .value_or("");
+  ui::Question question{
+      .Prompt = Lines({"If you prefer, choose manually the circuits to purge",
+                       "by inputing N adjacent groups of 2 decimal characters each.", "",
+                       "Otherwise the purge will be done automatically",
+                       "considering all the circuits of the machine !!"}),
+      .Default = WithoutCommas(window_.Work.Facts.ElementLists[config::kCircuits])};
+  do {
+    remaining_ = window_.Work.Screen.Ask(question).value_or("");
+    question.Default = remaining_;
+  } while (!AreElements(remaining_) && !sender_.IsStopped());
   return !remaining_.empty();
 }
 

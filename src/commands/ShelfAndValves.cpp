@@ -97,14 +97,16 @@ int ShelfAndValves::WaitWithShelf(double seconds, std::size_t place) {
   double shown = std::floor(seconds);
   showRest(shown);
   bool there = false;
-  while (goOn && !there && Now() < end && !window_.Work.Screen.IsQuitting()) {
+  while (goOn && !there && Now() < end && window_.Work.Port.PortOpen() &&
+         !window_.Work.Screen.IsQuitting()) {
     if (window_.AbortableWait(kCanLookEvery, goOn) || !goOn) break;
     const double rest = std::floor(end - Now());
     if (rest >= 0 && rest < shown) showRest(shown = rest);
     there = CanPhotocellObscured(place);
     window_.Work.Screen.DoEvents();
   }
-  const bool halted = !goOn || window_.Flags.Closing || window_.Work.Screen.IsQuitting();
+  const bool halted = !goOn || window_.Flags.Closing || window_.Work.Screen.IsQuitting() ||
+                      !window_.Work.Port.PortOpen();
   window_.ShowReport(report);
   window_.Options.UnlockOptions();
   window_.Flags.ShelfWaitActive = false;

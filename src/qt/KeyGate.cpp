@@ -38,6 +38,8 @@ bool KeyGate::eventFilter(QObject* watched, QEvent* event) {
   auto* const window = dynamic_cast<FormWindow*>(widget.window());
   const int code = ToCode(key.key());
   if (window == nullptr || window->Shown() == nullptr || code == 0) return false;
+  // A key that is held down is pressed once: what it starts may move the machine.
+  if (key.isAutoRepeat()) return false;
   return window->Shown()->PressKey(code, ToShift(key.modifiers()));
 }
 

@@ -13,6 +13,7 @@ namespace {
 
 std::string Numbers(const std::vector<int>& elements) {
   std::vector<std::string> names;
+  names.reserve(elements.size());
   for (const int element : elements) names.push_back(base::LastDigits(element, 2));
   return names.empty() ? "none" : Join(names, " ");
 }

@@ -40,7 +40,7 @@ TEST(Purge, GoesThroughFiveCircuitsTwoAtATime) {
     EXPECT_TRUE(told[0].ends_with(kAgain)) << told[0];
     EXPECT_TRUE(told[1].ends_with(kAgain)) << told[1];
     EXPECT_TRUE(told[2].ends_with(kEnded)) << told[2];
-    EXPECT_NE(told[0].find("Motor ON [ 01 ] -> speed [ 100 ] ... Success !"), std::string::npos);
+    EXPECT_NE(told[0].find("Motor ON [ 01 ] -> speed [ 100 ]  ... Success !"), std::string::npos);
     EXPECT_NE(told[0].find("Electrovalve(s) disable [ 01 02 ] ... Success !"), std::string::npos);
     EXPECT_NE(told[0].find("... All conditions for purge are OK"), std::string::npos);
     EXPECT_TRUE(bench.Window.Options.IsEnabled(commands::kReset));
@@ -82,8 +82,8 @@ TEST(Purge, SwitchesOffAfterEveryFailureAtTheStart) {
       {"fault silent #ns*", "#do01*#ns*" + kEnd, "dispensing ... Machine doesn't answer !"},
       {"fault refuse #a*", "#do01*#ns*#a0102*" + kEnd, "enable [ 01 02 ] ... Machine doesn't"},
       {"fault echo #a*", "#do01*#ns*#a0102*" + kEnd, "enable [ 01 02 ] ... Failure !"},
-      {"fault echo #f*", motors + kEnd, "Motor ON [ 01 ] -> speed [ 100 ] ... Failure !"},
-      {"fault silent #f*", motors + kEnd, "-> speed [ 100 ] ... Machine doesn't answer !"},
+      {"fault echo #f*", motors + kEnd, "Motor ON [ 01 ] -> speed [ 100 ]  ... Failure !"},
+      {"fault silent #f*", motors + kEnd, "-> speed [ 100 ]  ... Machine doesn't answer !"},
       {"error 1103", kStart + kEnd, "Failure ! Error condition(s) found on the machine!"},
   };
   for (const Case& fails : cases) {
@@ -179,6 +179,15 @@ TEST(Purge, AsksForCircuitsAndForTheSpeedOfEachMotor) {
               std::string("Input 3 decimal characters (001..999)\r\n") +
                   "for the wished speed of motor [ " + (i < 7 ? "01" : "02") + " ] ");
   }
+}
+
+TEST(Purge, AsksForTheCircuitsUntilTheyAreAnyOrNone) {
+  PurgeBench bench;
+  bench.Screen.Replies = {"011", "01*#", "01", "100"};
+  bench.PressUpon("#s*", 1, "F9");
+  EXPECT_NE(bench.Wire({"F9"}).find("#a01*"), std::string::npos);
+  EXPECT_EQ(bench.Screen.Questions[1].Default, "011");
+  EXPECT_EQ(bench.Screen.Questions[2].Default, "01*#");
 }
 
 // Giving the question up asks it again; only a closing window ends that.
@@ -287,7 +296,6 @@ TEST(Purge, TakesNoMoreCircuitsAtATimeThanTheMachineBears) {
       {"010203", "02,01,01,02,02,", 3, "DEMO", 1, "#a0102*"},
       {"010203", "02,02,01,02,02,", 3, "PERLIA POMPE MONO", 1, "#a01*"},
       {"010203", "01,01,01,02,02,", 3, "PERLIA POMPE MONO", 1, "#a010203*"},
-      {"01020", kApart, 4, "DEMO", 1, "#a0102*"},
   };
   for (const Case& batch : cases) {
     SCOPED_TRACE(std::string(batch.Circuits) + " of " + batch.Motors);
