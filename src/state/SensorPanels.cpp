@@ -145,7 +145,8 @@ const SensorName& InputName(const SensorNames& names, int bit) {
 }
 
 const SensorName& OutputName(const SensorNames& names, int output) {
-  return names.OutputNames.at(static_cast<std::size_t>(output + kFirstOutput));
+  const int row = output + kFirstOutput;
+  return names.OutputNames.at(static_cast<std::size_t>(row));
 }
 
 void ShowLamp(ui::Shape& lamp, ui::Colour colour) {
