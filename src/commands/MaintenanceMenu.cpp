@@ -77,6 +77,7 @@ void MaintenanceMenu::StopRunning(int option) {
 void MaintenanceMenu::Execute(int option) {
   window_.Flags.Idle = false;
   const int outer = std::exchange(runningOption_, option);
+  window_.Options.ShowRunning(option);
   const bool another = option != currentOption_;
   if (another) {
     walk_.Restart();
@@ -88,6 +89,7 @@ void MaintenanceMenu::Execute(int option) {
   }
   RunAction(option, another);
   runningOption_ = outer;
+  window_.Options.ShowRunning(outer);
   window_.Flags.Idle = true;
   currentOption_ = option;
 }

@@ -57,6 +57,14 @@ int MaintenanceOptions::Selected() const {
 
 void MaintenanceOptions::Select(int option) { buttons_(option).Value = true; }
 
+// The option may keep the line busy from here on, so it is seen at once.
+void MaintenanceOptions::ShowRunning(int option) {
+  for (int button = 0; button < kMaintenanceOptions; ++button) {
+    buttons_(button).Tag = button == option ? kRunningTag : "";
+    if (button == option) buttons_(button).Refresh();
+  }
+}
+
 // A button that is disabled must not lose the choice to its neighbour.
 void MaintenanceOptions::Refresh() {
   const int selected = Selected();

@@ -54,6 +54,9 @@ inline constexpr std::array<OptionRow, kMaintenanceOptions> kOptionRows{{
     {"[F10] Cap intermediate position", ui::kKeyF1 + 9},
 }};
 
+// The tag of the option that runs.
+inline constexpr const char* kRunningTag = "running";
+
 // The option of a key; -1 if it is no option's.
 int OptionOfKey(int key);
 
@@ -73,6 +76,8 @@ class MaintenanceOptions {
   int Selected() const;
   void Select(int option);
   bool IsEnabled(int option) const { return buttons_(option).Enabled; }
+  // Marks the option that runs, by its tag; -1 if none does.
+  void ShowRunning(int option);
 
  private:
   void Refresh();

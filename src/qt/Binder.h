@@ -34,9 +34,10 @@ void Bind(ui::Label& control, QLabel& widget);
 void Bind(ui::TextBox& control, QLineEdit& widget);
 void Bind(ui::TextBox& control, QPlainTextEdit& widget);
 void Bind(ui::RichTextBox& control, QPlainTextEdit& widget);
-Binding& Bind(ui::Button& control, QPushButton& widget);  // for a view that shows more of it
+// The binding is for a view that shows more of the control.
+Binding& Bind(ui::Button& control, QPushButton& widget);
 void Bind(ui::CheckBox& control, QCheckBox& widget);
-void Bind(ui::OptionButton& control, QRadioButton& widget);
+Binding& Bind(ui::OptionButton& control, QRadioButton& widget);
 void Bind(ui::ListBox& control, RowList& widget);
 void Bind(ui::ComboBox& control, QComboBox& widget);
 void Bind(ui::TabStrip& control, QTabBar& widget);

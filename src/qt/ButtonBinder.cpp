@@ -45,7 +45,7 @@ void Bind(ui::CheckBox& control, QCheckBox& widget) {
   PassPresses(control, widget, *binding);
 }
 
-void Bind(ui::OptionButton& control, QRadioButton& widget) {
+Binding& Bind(ui::OptionButton& control, QRadioButton& widget) {
   auto* const binding = new Binding(control, widget);
   binding->Follow({&control.Caption}, [&] { widget.setText(ToQtLines(control.Caption.Get())); });
   binding->Follow({&control.Value}, [&] {
@@ -55,6 +55,7 @@ void Bind(ui::OptionButton& control, QRadioButton& widget) {
     widget.setAutoExclusive(true);
   });
   PassPresses(control, widget, *binding);
+  return *binding;
 }
 
 void Bind(ui::Frame& control, QGroupBox& widget) {

@@ -1,16 +1,14 @@
 #include "qt/Form1View.h"
 
-#include <QFontDatabase>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
 
 #include "qt/Binder.h"
+#include "qt/DebugFrame.h"
 #include "qt/Look.h"
 #include "qt/NamedPictures.h"
 #include "qt/PanelArea.h"
-#include "qt/QtText.h"
 #include "qt/SensorPanelView.h"
 
 namespace tintbench::desktop {
@@ -88,28 +86,6 @@ void AddLinkRow(ui::Form& form, QWidget& view, QBoxLayout& rows) {
   if (again != nullptr) row->addWidget(again);
   row->addLayout(MakeLineColumn(form, view));
   rows.addLayout(row);
-}
-
-// What goes over the line, the sent text beside the received one.
-void AddDebugFrame(ui::Form& form, QWidget& view, QBoxLayout& rows) {
-  auto* const frame = form.Find<ui::Frame>("FrmDbg");
-  if (frame == nullptr) return;
-  auto* const group = new QGroupBox(&view);
-  Bind(*frame, *group);
-  auto* const row = new QHBoxLayout(group);
-  for (const int index : {0, 1}) {
-    auto* const text = form.Find<ui::TextBox>("TxtDbgIO", index);
-    if (text == nullptr) continue;
-    auto* const title = new QLabel(ToQt(text->ToolTipText.Get()), group);
-    QWidget* const box = MakeWidget(*text, group);
-    box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    row->addWidget(title);
-    row->addWidget(box, index + 1);
-  }
-  auto* const foot = new QHBoxLayout;
-  foot->setContentsMargins(Em(view), 0, Em(view), Em(view) / 2);
-  foot->addWidget(group);
-  rows.addLayout(foot);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <utility>
 
@@ -11,7 +12,7 @@ namespace tintbench::desktop {
 
 namespace {
 
-// Follows where a control stands, until the control dies.
+// Follows where a control stands and whether it is shown, until the control dies.
 class PlaceWatch final : public ui::Observer {
  public:
   PlaceWatch(ui::Control& control, std::function<void()> changed)
@@ -24,19 +25,17 @@ class PlaceWatch final : public ui::Observer {
   PlaceWatch(const PlaceWatch&) = delete;
   PlaceWatch& operator=(const PlaceWatch&) = delete;
 
-  // The place in an area of that size; an empty one for a control that has no place.
-  QRect In(const QSize& area) const {
+  bool IsShown() const { return control_ != nullptr && control_->Visible; }
+  // In the units of the client area; empty for a control that has no place.
+  QRectF Place() const {
     if (control_ == nullptr) return {};
-    const double across = area.width() / state::kClientWidth;
-    const double down = area.height() / state::kClientHeight;
-    return QRectF(control_->Left * across, control_->Top * down, control_->Width * across,
-                  control_->Height * down)
-        .toAlignedRect();
+    return {control_->Left, control_->Top, control_->Width, control_->Height};
   }
 
   void PropertyChanged(const ui::PropertyBase& property) override {
-    for (const ui::PropertyBase* part :
-         {&control_->Left, &control_->Top, &control_->Width, &control_->Height}) {
+    for (const ui::PropertyBase* part : std::initializer_list<const ui::PropertyBase*>{
+             &control_->Left, &control_->Top, &control_->Width, &control_->Height,
+             &control_->Visible}) {
       if (part->Is(property)) changed_();
     }
   }
@@ -47,22 +46,33 @@ class PlaceWatch final : public ui::Observer {
   std::function<void()> changed_;
 };
 
+// Where a place of the extent stands in an area of that size.
+QRect Scaled(const QRectF& place, const QRectF& extent, const QSize& area) {
+  const double across = area.width() / extent.width();
+  const double down = area.height() / extent.height();
+  return QRectF((place.left() - extent.left()) * across, (place.top() - extent.top()) * down,
+                place.width() * across, place.height() * down)
+             .toAlignedRect() &
+         QRect(QPoint(), area);
+}
+
 }  // namespace
 
 // One panel with its head.
 class PanelArea::Place final {
  public:
-  Place(const QWidget& area, ui::Frame& frame, QWidget& panel, ui::Button* button, QWidget* head)
-      : area_(area), panel_(panel), head_(head), frame_(frame, [this] { Arrange(); }) {
-    if (button != nullptr && head != nullptr) button_.emplace(*button, [this] { Arrange(); });
-    Arrange();
+  Place(PanelArea& area, ui::Frame& frame, QWidget& panel, ui::Button* button, QWidget* head)
+      : panel_(panel), head_(head), frame_(frame, [&area] { area.Arrange(); }) {
+    if (button != nullptr && head != nullptr) button_.emplace(*button, [&area] { area.Arrange(); });
   }
 
+  const PlaceWatch& Frame() const { return frame_; }
+
   // A head that is too low for its title gets what it needs from the panel below it.
-  void Arrange() {
-    QRect place = frame_.In(area_.size());
+  void Arrange(const QRectF& extent, const QSize& area) {
+    QRect place = Scaled(frame_.Place(), extent, area);
     if (button_) {
-      QRect head = button_->In(area_.size());
+      QRect head = Scaled(button_->Place(), extent, area);
       head.setHeight(std::max(head.height(), head_->sizeHint().height()));
       head_->setGeometry(head);
       place.setTop(std::max(place.top(), head.bottom() + 1));
@@ -71,23 +81,34 @@ class PanelArea::Place final {
   }
 
  private:
-  const QWidget& area_;
   QWidget& panel_;
   QWidget* head_;
   PlaceWatch frame_;
   std::optional<PlaceWatch> button_;
 };
 
-PanelArea::PanelArea(QWidget* parent) : QWidget(parent) {}
+PanelArea::PanelArea(QWidget* parent, Extent extent) : QWidget(parent), extent_(extent) {}
 
 PanelArea::~PanelArea() = default;
 
 void PanelArea::Add(ui::Frame& frame, QWidget& panel, ui::Button* button, QWidget* head) {
   places_.push_back(std::make_unique<Place>(*this, frame, panel, button, head));
+  Arrange();
 }
 
-void PanelArea::resizeEvent(QResizeEvent*) {
-  for (const auto& place : places_) place->Arrange();
+void PanelArea::Arrange() {
+  QRectF extent(0, 0, state::kClientWidth, state::kClientHeight);
+  if (extent_ == Extent::ShownPanels) {
+    extent = {};
+    for (const auto& place : places_) {
+      if (place->Frame().IsShown()) extent |= place->Frame().Place();
+    }
+    setVisible(!extent.isEmpty());
+    if (extent.isEmpty()) return;
+  }
+  for (const auto& place : places_) place->Arrange(extent, size());
 }
+
+void PanelArea::resizeEvent(QResizeEvent*) { Arrange(); }
 
 }  // namespace tintbench::desktop

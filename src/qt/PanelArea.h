@@ -1,5 +1,5 @@
-// The part of a window that holds its sensor panels. The panels keep the proportions that their
-// frames have in the window's client area, whatever size the area has.
+// The part of a window that holds its sensor panels. The panels keep the proportions of their
+// frames, whatever size the area has.
 #pragma once
 
 #include <QWidget>
@@ -12,7 +12,12 @@ namespace tintbench::desktop {
 
 class PanelArea final : public QWidget {
  public:
-  explicit PanelArea(QWidget* parent);
+  // What fills the area.
+  enum class Extent {
+    ClientArea,   // the whole client area that the frames have their places in
+    ShownPanels,  // the panels that are shown; without any the area hides
+  };
+  explicit PanelArea(QWidget* parent, Extent extent = Extent::ClientArea);
   ~PanelArea() override;
 
   // The panel shows `frame`. Above it stands `head`, which shows `button`; a window without such
@@ -24,6 +29,9 @@ class PanelArea final : public QWidget {
 
  private:
   class Place;
+  void Arrange();
+
+  Extent extent_;
   std::vector<std::unique_ptr<Place>> places_;
 };
 

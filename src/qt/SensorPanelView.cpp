@@ -187,6 +187,14 @@ using Filler = void (*)(ui::Form& form, int panel, Card& card);
 constexpr std::array<Filler, state::kPanels> kFillers{FillSensorPanel, FillSensorPanel,
                                                       FillStatusPanel, FillCardPanel};
 
+// The title of a panel that has no head.
+void AddTitle(ui::Form& form, int panel, Card& card) {
+  QWidget* const title = MakeWidget<ui::Label>(form, "LblTitle", panel, &card);
+  if (title == nullptr) return;
+  title->setFont(ScaledFont(card, 1, true));
+  card.Body().addWidget(title);
+}
+
 PanelHead* MakeHead(ui::Button& button, int panel, QWidget& parent) {
   auto* const head = new PanelHead(&parent);
   Binding& binding = Bind(button, *head);
@@ -205,6 +213,7 @@ void AddSensorPanels(ui::Form& form, PanelArea& area) {
     QWidget* const head = button == nullptr ? nullptr : MakeHead(*button, panel, area);
     auto* const card = new Card(&area);
     Bind(*frame, static_cast<QFrame&>(*card));
+    AddTitle(form, panel, *card);
     kFillers.at(static_cast<std::size_t>(panel))(form, panel, *card);
     area.Add(*frame, *card, button, head);
   }

@@ -9,8 +9,8 @@ namespace tintbench::desktop {
 
 class PanelArea;
 
-// Makes the panels that the window has, with their heads if it has buttons for them, and puts them
-// into `area`.
+// Makes the panels that the window has, with their heads or titles if it has buttons or labels for
+// them, and puts them into `area`.
 void AddSensorPanels(ui::Form& form, PanelArea& area);
 
 }  // namespace tintbench::desktop

@@ -1,0 +1,243 @@
+// The window of commands as the operator has it before him: opened from the real menu, worked with
+// real keys and buttons on the simulated machine, and read from the real widgets.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+
+#include "base/ScratchFolder.h"
+#include "commands/FormComm.h"
+#include "qt/DesktopScreen.h"
+#include "qt/EveryKind.h"
+#include "qt/RowList.h"
+#include "qt/StandardViews.h"
+#include "shell/Program.h"
+#include "simulator/SimulatedPort.h"
+
+namespace tintbench::desktop {
+
+namespace {
+
+class CommandsWindow : public ::testing::Test {
+ protected:
+  CommandsWindow() { AddStandardViews(screen); }
+
+  // Opens the window from the main window's menu, and does `act` in it. Then Esc closes it.
+  void Run(ui::Menu shell::Form1::*item, const std::function<void()>& act) {
+    shell::Program program(
+        {clock, files, port, screen, shell::MakeIdentity("TintBench", "1.2.3"), folder.Path(), {}});
+    // Each works inside the other's press.
+    QTimer start;
+    QTimer work;
+    QObject::connect(&start, &QTimer::timeout, [&] {
+      auto* const main = dynamic_cast<shell::Form1*>(screen.FindForm("Form1"));
+      if (main == nullptr || !main->Poll().PollingOn()) return;
+      start.stop();
+      work.start(5);
+      Choose(main->MnuMaint, main->*item);
+      screen.WindowFor(*main)->close();
+    });
+    QObject::connect(&work, &QTimer::timeout, [&] {
+      form = dynamic_cast<commands::FormComm*>(screen.Front());
+      if (form == nullptr) return;
+      work.stop();
+      act();
+      QTest::keyClick(screen.WindowFor(*form), Qt::Key_Escape);
+    });
+    start.start(5);
+    EXPECT_EQ(program.Main(), shell::Program::Result::Good);
+    EXPECT_NE(form, nullptr);
+  }
+
+  // Opens the title's menu and presses the item; comes back when the window has closed.
+  void Choose(ui::Menu& title, const ui::Menu& item) {
+    QMenuBar& bar = *screen.WindowFor(title.OwnerForm())->menuBar();
+    auto& items = *bar.findChild<QMenu*>(ToQt(title.FullName()));
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(items.menuAction()).center());
+    for (QAction* action : items.actions()) {
+      if (action->objectName() != ToQt(item.FullName())) continue;
+      QTest::mouseClick(&items, Qt::LeftButton, {}, items.actionGeometry(action).center());
+    }
+  }
+
+  void Pass(double seconds) {
+    const double end = clock.Now() + seconds;
+    while (clock.Now() < end) screen.Idle(end - clock.Now());
+  }
+  template <typename Widget>
+  Widget& Of(const ui::Control& control) {
+    return *WidgetOf<Widget>(*screen.WindowFor(*form), control);
+  }
+  QString Line(int index) { return Of<QLineEdit>(form->TxtIO(index)).text(); }
+  QString Page(const ui::TextBox& box) { return Of<QPlainTextEdit>(box).toPlainText(); }
+  QString Report() { return Page(form->TextOutput); }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(screen.WindowFor(*form), key, modifiers);
+    Pass(1);
+  }
+  // Types `text` into every box that asks, from now on.
+  void AnswerBoxes(const QString& text) {
+    boxes.disconnect();
+    QObject::connect(&boxes, &QTimer::timeout, [text] {
+      QWidget* const box = QApplication::activeModalWidget();
+      if (dynamic_cast<QDialog*>(box) == nullptr) return;
+      auto* const field = box->findChild<QLineEdit*>();
+      if (field != nullptr) field->setText(text);
+      QTest::keyClick(box, Qt::Key_Return);
+    });
+    boxes.start(5);
+  }
+  void ExpectInside(const ui::Control& control) {
+    auto& widget = Of<QWidget>(control);
+    const QSize size = screen.WindowFor(*form)->centralWidget()->size();
+    const QRect place(widget.mapTo(screen.WindowFor(*form)->centralWidget(), QPoint()),
+                      widget.size());
+    EXPECT_TRUE(QRect(QPoint(), size).contains(place)) << control.FullName();
+    EXPECT_GE(widget.height(), widget.fontMetrics().height()) << control.FullName();
+  }
+
+  base::VirtualClock clock;
+  base::StandardFileSystem files;
+  testing::ScratchFolder folder;
+  simulator::Machine machine{clock};
+  simulator::SimulatedPort port{clock, {{1, &machine}}};
+  DesktopScreen screen{clock};
+  QTimer boxes;
+  commands::FormComm* form = nullptr;
+};
+
+TEST_F(CommandsWindow, CommandIsFoundByLettersSentAndToldByEnter) {
+  Run(&shell::Form1::MMnuCommand, [this] {
+    EXPECT_FALSE(Of<QWidget>(form->FrmMulti).isVisible());
+    QTest::keyClicks(&Of<QLineEdit>(form->TxtFind), "bridges");
+    EXPECT_EQ(Of<RowList>(form->LstCsingle(0)).currentIndex().data().toString(),
+              "H-bridges status");
+    EXPECT_FALSE(Of<QWidget>(form->FrameOutput).isVisible());
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Line(0), "#UP*");
+    EXPECT_TRUE(Line(1).startsWith("A0"));
+    EXPECT_EQ(Page(form->TxtIO(2)), "[ command accepted ]");
+    EXPECT_TRUE(Report().startsWith("H-BRIDGES STATUS\n\n[ 0 ]"));
+    EXPECT_EQ(Of<QWidget>(form->TextOutput).font().family(),
+              QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+
+    Of<QLineEdit>(form->TxtFind).selectAll();
+    QTest::keyClicks(&Of<QLineEdit>(form->TxtFind), "zero-pump");
+    AnswerBoxes("01");
+    EXPECT_TRUE(Of<QWidget>(form->LstCsingle(1)).isVisible());
+    EXPECT_FALSE(Of<QWidget>(form->LstCsingle(0)).isVisible());
+    QTest::mouseClick(&Of<QPushButton>(form->CmdExec), Qt::LeftButton);
+    EXPECT_EQ(Line(0), "#O01*");
+    EXPECT_TRUE(Report().contains("(rpm*100)")) << Report().toStdString();
+    QTest::mouseClick(&Of<QPushButton>(form->CmdStop), Qt::LeftButton);
+    EXPECT_EQ(Page(form->TxtIO(2)), "[ command accepted ]\n( process stopped )");
+  });
+}
+
+// What a command shows takes the place at the right for itself, at every size.
+TEST_F(CommandsWindow, PanelsAndReportNeverCoverOneAnother) {
+  Run(&shell::Form1::MMnuCommand, [this] {
+    form->CmbCtype.PressRow(0);
+    for (const QSize size : {QSize(900, 600), QSize(1900, 1040)}) {
+      screen.WindowFor(*form)->resize(size);
+      for (const int row : {0, 1, 2, 3, 4}) {
+        form->LstCsingle(0).PressRow(row);
+        form->CmdExec.Press();
+        Pass(1);
+        for (int panel = 0; panel < state::kPanels; ++panel) {
+          auto& frame = Of<QWidget>(form->Panels.Frame(panel));
+          EXPECT_EQ(frame.isVisible(), form->Panels.Frame(panel).Visible) << row;
+          if (!frame.isVisible()) continue;
+          ExpectInside(form->Panels.Frame(panel));
+          EXPECT_TRUE(Of<QLabel>(form->LblTitle(panel)).isVisible());
+          EXPECT_GT(frame.width(), 150);
+          for (int other = 0; other < panel; ++other) {
+            auto& neighbour = Of<QWidget>(form->Panels.Frame(other));
+            EXPECT_FALSE(neighbour.isVisible() && frame.geometry().intersects(neighbour.geometry()))
+                << row << panel << other;
+          }
+        }
+        EXPECT_EQ(Of<QWidget>(form->FrameOutput).isVisible(), row == 4);
+      }
+    }
+  });
+}
+
+TEST_F(CommandsWindow, MaintenanceKeysActAtOnceAndHaltIsAlwaysThere) {
+  Run(&shell::Form1::MMnuMaint, [this] {
+    auto& halt = Of<QPushButton>(form->CmdMultStop);
+    const QRect place = halt.geometry();
+    auto& valves = Of<QRadioButton>(form->Option1(commands::kEachValve));
+    QTest::mouseClick(&valves, Qt::LeftButton);
+    EXPECT_TRUE(valves.isChecked());
+    EXPECT_EQ(Of<QPushButton>(form->CmdMultExec).text(), "Enable each electrovalve\nE&XECUTE");
+    EXPECT_EQ(machine.Tell("check valves none"), "") << "a click only selects";
+    Key(Qt::Key_F3);
+    EXPECT_EQ(machine.Tell("check valves 01"), "");
+    EXPECT_TRUE(Report().contains("01 -> Success !")) << Report().toStdString();
+    EXPECT_EQ(Page(form->TxtIOm), "[ command accepted ]\n[ operation success ]");
+    QTest::mouseClick(&halt, Qt::LeftButton);
+    EXPECT_EQ(machine.Tell("check valves none"), "");
+    EXPECT_EQ(Page(form->TxtIOm), "[ command accepted ]\n( process stopped )");
+    Key(Qt::Key_I);
+    EXPECT_TRUE(Of<QWidget>(form->Panels.Frame(0)).isVisible());
+    EXPECT_EQ(halt.geometry(), place);
+    for (int option = 0; option < commands::kMaintenanceOptions; ++option) {
+      auto& button = Of<QRadioButton>(form->Option1(option));
+      EXPECT_GT(halt.width() * halt.height(), 2 * button.width() * button.height());
+      ExpectInside(form->Option1(option));
+    }
+  });
+}
+
+// The key that starts the purge ends it, and so does the button. All others are locked meanwhile.
+TEST_F(CommandsWindow, PurgeIsEndedByItsKeyAndByHalt) {
+  Run(&shell::Form1::MMnuMaint, [this] {
+    machine.Tell("can on");
+    machine.Tell("shelf high");
+    for (const bool byHalt : {false, true}) {
+      AnswerBoxes("01");
+      bool ended = false;
+      QTimer watch;
+      QObject::connect(&watch, &QTimer::timeout, [&] {
+        if (ended || !form->Flags.PurgeRunning || machine.Tell("check motors none").empty()) return;
+        ended = true;
+        auto& purge = Of<QRadioButton>(form->Option1(commands::kPurge));
+        EXPECT_TRUE(purge.isEnabled() && purge.isChecked());
+        EXPECT_EQ(form->Option1(commands::kPurge).Tag.Get(), commands::kRunningTag);
+        EXPECT_FALSE(Of<QRadioButton>(form->Option1(commands::kEachValve)).isEnabled());
+        auto& halt = Of<QPushButton>(form->CmdMultStop);
+        EXPECT_TRUE(halt.isEnabled());
+        if (byHalt) {
+          QTest::mouseClick(&halt, Qt::LeftButton);
+        } else {
+          QTest::keyClick(screen.WindowFor(*form), Qt::Key_F9);
+        }
+      });
+      watch.start(1);
+      Key(Qt::Key_F9);
+      EXPECT_TRUE(ended);
+      EXPECT_TRUE(Report().contains("PURGE process ended !")) << Report().toStdString();
+      EXPECT_EQ(machine.Tell("check motors none"), "");
+      EXPECT_EQ(machine.Tell("check valves none"), "");
+      EXPECT_TRUE(Of<QRadioButton>(form->Option1(commands::kEachValve)).isEnabled());
+      const QScrollBar& bar = *Of<QPlainTextEdit>(form->TextOutput).verticalScrollBar();
+      EXPECT_EQ(bar.value(), bar.maximum());
+    }
+  });
+}
+
+}  // namespace
+
+}  // namespace tintbench::desktop
