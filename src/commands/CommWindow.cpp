@@ -79,7 +79,9 @@ void CommWindow::HidePanels() {
 }
 
 void CommWindow::ShowReportFrame() {
-  if (!Flags.Closing) FrameOutput.Visible = true;
+  if (Flags.Closing || FrameOutput.Visible) return;
+  FrameOutput.Visible = true;
+  FrameOutput.Refresh();
 }
 
 void CommWindow::HideReportFrame() { FrameOutput.Visible = false; }
