@@ -148,9 +148,13 @@ void MaintenanceMenu::ReadStatus() {
 }
 
 void MaintenanceMenu::MachineReset() {
-  window_.CheckAnswer(window_.SendMoving(kResetRow, ""), kGood, "");
+  const std::string answer = window_.SendMoving(kResetRow, "");
+  window_.CheckAnswer(answer, kGood, "");
+  if (window_.Work.Status.LinkState <= link::kPortOpen) return;
   // The machine starts its timed processes again after a reset.
-  if (window_.Work.Status.LinkState > link::kPortOpen) window_.Send(kHoldProcessesRow);
+  window_.Send(kHoldProcessesRow);
+  // A machine that takes its time has had the countdown in the place of the result.
+  window_.CheckAnswer(answer, kGood, "");
 }
 
 void MaintenanceMenu::CmdMultStop_Click() {
