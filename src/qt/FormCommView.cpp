@@ -81,9 +81,9 @@ class OutputArea final : public QWidget {
   void FillReport(const ui::Form& form) {
     QWidget* const text = MakeWidget<ui::TextBox>(form, "TextOutput", -1, report_);
     if (text == nullptr) return;
-    constexpr int kLineLength = 46;
+    constexpr int kLeastAcross = 30;
     text->setFont(FixedFont());
-    text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kLineLength);
+    text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kLeastAcross);
     auto* const column = new QVBoxLayout(report_);
     const int margin = Em(*this) / 3;
     column->setContentsMargins(margin, margin, margin, margin);

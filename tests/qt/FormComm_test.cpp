@@ -170,6 +170,15 @@ TEST_F(CommandsWindow, PanelsAndReportNeverCoverOneAnother) {
         }
         EXPECT_EQ(Of<QWidget>(form->FrameOutput).isVisible(), row == 4);
       }
+      // As while valves are tested and the sensors are read.
+      form->ShowPanel(state::kInputPanel);
+      Pass(1);
+      ExpectInside(form->Panels.Frame(state::kInputPanel));
+      auto& panel = Of<QWidget>(form->Panels.Frame(state::kInputPanel));
+      auto& report = Of<QWidget>(form->FrameOutput);
+      EXPECT_GT(panel.width(), 150);
+      EXPECT_LT(panel.mapTo(panel.window(), panel.rect().topRight()).x(),
+                report.mapTo(report.window(), QPoint()).x());
     }
   });
 }
