@@ -27,6 +27,9 @@ void FormComm::ConnectControls() {
   Option1.Prepare([this](ui::OptionButton& button, int option) {
     button.Click = [this, option] { multi_.Option1_Click(option); };
   });
+  Panels.GRPicIOcard.MouseMove = [this](const ui::MouseEvent& event) {
+    state::ShowSensorUnderPointer(Panels, event.X, event.Y, Work.Status.FirmwareVersion);
+  };
   CmdMultExec.Click = [this] { multi_.CmdMultExec_Click(); };
   CmdMultStop.Click = [this] { multi_.CmdMultStop_Click(); };
 }
@@ -43,6 +46,7 @@ void FormComm::Form_Load() {
   ShowStatusLine("");
   state::RebuildAllPanels(Panels, Work.Styles, Work.Names);
   Panels.GRPicIOcard.Picture = state::kCardPicture;
+  state::ShowSensorUnderPointer(Panels, -1, -1, Work.Status.FirmwareVersion);
   FrmDbg.Visible = Work.Log.DebugLevel() == link::kDebugCommands;
   FrmSingle.Visible = function_ == kCommandMenu;
   FrmMulti.Visible = function_ == kMaintenanceMenu;
