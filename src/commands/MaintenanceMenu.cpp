@@ -4,17 +4,11 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
 namespace {
-
-constexpr int kInputsRow = 0;
-constexpr int kOutputsRow = 1;
-constexpr int kStatusRow = 3;
-constexpr int kHoldProcessesRow = 12;
-constexpr int kAllOffRow = 31;
-constexpr int kResetRow = 33;
 
 constexpr const char* kGood = "A";
 constexpr const char* kStatusLetters = "KEBN";
@@ -125,7 +119,7 @@ void MaintenanceMenu::RunAction(int option, bool another) {
 void MaintenanceMenu::ReadInputs() {
   window_.ShowPanel(state::kInputPanel);
   if (!window_.FrameOutput.Visible) window_.ShowPanel(state::kCardPanel);
-  const std::string answer = window_.Send(kInputsRow);
+  const std::string answer = window_.Send(rows::kInputs);
   window_.CheckAnswer(answer, kGood, "");
   window_.ClearOutputs();
   window_.Work.Decoder.DecodeInputs(window_.Panels, answer);
@@ -134,7 +128,7 @@ void MaintenanceMenu::ReadInputs() {
 void MaintenanceMenu::ReadOutputs() {
   window_.ShowPanel(state::kOutputPanel);
   if (!window_.FrameOutput.Visible) window_.ShowPanel(state::kCardPanel);
-  const std::string answer = window_.Send(kOutputsRow);
+  const std::string answer = window_.Send(rows::kOutputs);
   window_.CheckAnswer(answer, kGood, "");
   window_.ClearInputs();
   window_.Work.Decoder.DecodeOutputs(window_.Panels, answer);
@@ -142,17 +136,17 @@ void MaintenanceMenu::ReadOutputs() {
 
 void MaintenanceMenu::ReadStatus() {
   window_.ShowPanel(state::kStatusPanel);
-  const std::string answer = window_.Send(kStatusRow);
+  const std::string answer = window_.Send(rows::kStatus);
   window_.CheckAnswer(answer, kStatusLetters, "");
   window_.Work.Decoder.DecodeStatus(window_.Panels, answer);
 }
 
 void MaintenanceMenu::MachineReset() {
-  const std::string answer = window_.SendMoving(kResetRow, "");
+  const std::string answer = window_.SendMoving(rows::kReset, "");
   window_.CheckAnswer(answer, kGood, "");
   if (window_.Work.Status.LinkState <= link::kPortOpen) return;
   // The machine starts its timed processes again after a reset.
-  window_.Send(kHoldProcessesRow);
+  window_.Send(rows::kHoldTimed);
   // A machine that takes its time has had the countdown in the place of the result.
   window_.CheckAnswer(answer, kGood, "");
 }
@@ -185,7 +179,7 @@ std::optional<std::string> MaintenanceMenu::StopMachine(int option) {
     return std::nullopt;
   }
   if (option == kPurge && !window_.Flags.Closing) return std::nullopt;
-  return window_.Send(kAllOffRow);
+  return window_.Send(rows::kAllOff);
 }
 
 }  // namespace tintbench::commands

@@ -1,11 +1,13 @@
-// The numbers of the command table's rows that walks and composite processes send.
+// The numbers of the command table's rows that the Maintenance Menu and its processes send.
 #pragma once
 
 namespace tintbench::commands::rows {
 
 inline constexpr int kInputs = 0;
+inline constexpr int kOutputs = 1;
 inline constexpr int kStatus = 3;
 inline constexpr int kVerify = 6;
+inline constexpr int kHoldTimed = 12;
 inline constexpr int kValvesOn = 17;
 inline constexpr int kValvesOff = 18;
 inline constexpr int kStirringOn = 19;
@@ -21,5 +23,6 @@ inline constexpr int kMotorOff = 29;
 inline constexpr int kMotorSpeed = 30;
 inline constexpr int kAllOff = 31;
 inline constexpr int kValveTest = 32;
+inline constexpr int kReset = 33;
 
 }  // namespace tintbench::commands::rows
