@@ -29,7 +29,7 @@ void Measure() {
   simulator::SimulatedPort simulated(clock, {{1, &machine}});
   testing::NotingPort port(simulated);
   BenchScreen screen(clock);
-  shell::Program program({clock, files, port, screen, shell::MakeIdentity("TintBench", "0.0.0"),
+  shell::Program program({clock, files, port, screen, base::MakeIdentity("TintBench", "0.0.0"),
                           folder.string(), "PORT(1:)"});
   screen.AtMainWindow = [&] {
     // As ever when something else than the main window uses the line.

@@ -37,7 +37,7 @@ void RunProgram(base::Clock& clock, const std::filesystem::path& folder,
   simulator::Machine machine(clock);
   simulator::SimulatedPort port(clock, {{1, &machine}});
   BenchScreen screen(clock);
-  shell::Program program({clock, files, port, screen, shell::MakeIdentity("TintBench", "0.0.0"),
+  shell::Program program({clock, files, port, screen, base::MakeIdentity("TintBench", "0.0.0"),
                           folder.string(), "PORT(1:)"});
   screen.AtMainWindow = [&] {
     auto& window = dynamic_cast<shell::Form1&>(*screen.FindForm("Form1"));

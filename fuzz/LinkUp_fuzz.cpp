@@ -182,7 +182,7 @@ void Run(Bench& bench, testing::MemoryFileSystem& files, bool emptyPort,
                           .Files = files,
                           .Port = port,
                           .Screen = screen,
-                          .Identity = shell::MakeIdentity("TintBench", "1.2.3"),
+                          .Identity = base::MakeIdentity("TintBench", "1.2.3"),
                           .AppPath = Paths().AppPath(),
                           .CommandLine = commandLine});
   int linkState = link::kPortClosed;

@@ -8,6 +8,7 @@
 
 #include "FuzzInput.h"
 #include "Target.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "config/MachineFacts.h"
 #include "state/StateDecoder.h"
@@ -172,7 +173,7 @@ class Bench {
   }
 
   static void CheckBinary(const std::string& digits) {
-    const std::string binary = state::HexToBinary(digits);
+    const std::string binary = base::HexToBinary(digits);
     Require(binary.size() == 4 * digits.size(), "four characters for each digit");
     for (std::size_t bit = 0; bit < binary.size(); ++bit) {
       const char expected = BitOf(digits, bit);

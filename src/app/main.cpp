@@ -74,7 +74,7 @@ shell::Program::Result RunProgram(const Run& run, Line& line, ui::Screen& screen
                           .Files = run.Files,
                           .Port = *line.Port,
                           .Screen = screen,
-                          .Identity = shell::MakeIdentity(kTitle, TINTBENCH_VERSION),
+                          .Identity = base::MakeIdentity(kTitle, TINTBENCH_VERSION),
                           .AppPath = run.AppPath,
                           .CommandLine = run.Options.CommandLine});
   return program.Main();

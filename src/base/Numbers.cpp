@@ -161,4 +161,15 @@ std::string ToHex(std::uint64_t value, int digits) {
   return text;
 }
 
+std::string HexToBinary(std::string_view digits) {
+  constexpr std::string_view kNibbles =
+      "0000000100100011010001010110011110001001101010111100110111101111";
+  std::string bits;
+  for (const char digit : digits) {
+    const int value = HexDigitValue(digit);
+    bits += value < 0 ? "EEEE" : kNibbles.substr(static_cast<std::size_t>(value) * 4, 4);
+  }
+  return bits;
+}
+
 }  // namespace tintbench::base

@@ -63,4 +63,8 @@ std::int64_t LeadingHex(std::string_view text);
 // `value` as `digits` upper-case hexadecimal digits, its higher digits cut off.
 std::string ToHex(std::uint64_t value, int digits);
 
+// Four characters "0" or "1" for each hexadecimal digit, highest bit first; "EEEE" for a character
+// that is none.
+std::string HexToBinary(std::string_view digits);
+
 }  // namespace tintbench::base

@@ -5,7 +5,6 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "commands/RowNumbers.h"
-#include "state/SensorNames.h"
 
 namespace tintbench::commands {
 
@@ -65,7 +64,7 @@ bool ShelfAndValves::CanPhotocellObscured(std::size_t place) {
   constexpr std::size_t kDigits = 5;
   const std::string answer = window_.Send(rows::kInputs);
   if (answer.size() != kAnswerLength || !IsAccepted(answer)) return false;
-  return state::HexToBinary(answer.substr(kAnswerLength - kDigits))[place] == '0';
+  return base::HexToBinary(answer.substr(kAnswerLength - kDigits))[place] == '0';
 }
 
 int ShelfAndValves::WaitForCan(double seconds) {

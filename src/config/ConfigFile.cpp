@@ -8,7 +8,6 @@ namespace tintbench::config {
 namespace {
 
 constexpr std::size_t kTagLength = 4;
-constexpr int kSlaveCount = 16;
 constexpr int kExternalGroupsField = 8;
 
 }  // namespace
@@ -20,15 +19,17 @@ ConfigLine SplitConfigLine(std::string_view line) {
   return {base::LeadingInt(behindTag.substr(0, blank)), base::TrimLeft(behindTag.substr(blank))};
 }
 
-bool FileHasNoEmptyParameters(base::FileSystem& files, const std::string& path) {
+EmptyParameters CheckEmptyParameters(base::FileSystem& files, const std::string& path) {
   ConfigReader reader(files, path);
-  for (std::string line; reader.Next(line);) {
-    if (!line.starts_with('@')) continue;
-    const ConfigLine split = SplitConfigLine(line);
-    if (split.Slave < 1 || split.Slave > kSlaveCount) continue;
-    if (("," + base::Trim(split.Data) + ",").find(",,") != std::string::npos) return false;
+  for (ConfigRecord record; reader.NextRecord(record);) {
+    if (!record.Tag.starts_with('@')) continue;
+    if (("," + record.Data + ",").find(",,") != std::string::npos) return EmptyParameters::kSome;
   }
-  return !reader.Failed();
+  return reader.Failed() ? EmptyParameters::kUnknown : EmptyParameters::kNone;
+}
+
+bool FileHasNoEmptyParameters(base::FileSystem& files, const std::string& path) {
+  return CheckEmptyParameters(files, path) == EmptyParameters::kNone;
 }
 
 int ReadExternalGroups(base::FileSystem& files, const std::string& path, int slave) {
@@ -53,6 +54,22 @@ bool ConfigReader::Next(std::string& line) {
   line = base::Trim(line);
   tooLarge_ = size_ > kFileLimit || (reader_.WasCut() && line.starts_with('@'));
   return !tooLarge_;
+}
+
+std::string ConfigReader::Error() const {
+  if (tooLarge_) return "the file is too large for a configuration";
+  if (!reader_.IsOpen()) return "the file can't be opened";
+  return reader_.Failed() ? "the file can't be read" : "";
+}
+
+bool ConfigReader::NextRecord(ConfigRecord& record) {
+  for (std::string line; Next(line);) {
+    ConfigLine split = SplitConfigLine(line);
+    if (split.Slave < 1 || split.Slave > kSlaveCount) continue;
+    record = {line.substr(0, line.find(' ')), split.Slave, std::move(split.Data)};
+    return true;
+  }
+  return false;
 }
 
 bool ConfigReader::NextOfSlave(int slave, std::string& tag, std::string& data) {

@@ -10,17 +10,34 @@
 
 namespace tintbench::config {
 
+inline constexpr int kSlaveCount = 16;
+
 struct ConfigLine {
   int Slave = 0;     // 0 if the line has no data
   std::string Data;  // parameters with "," between them
+};
+
+// A data line of a slave from 1 to kSlaveCount.
+struct ConfigRecord {
+  std::string Tag;  // as it is written
+  int Slave = 0;
+  std::string Data;
 };
 
 // Slave number and data of a line "tag slave data". A line without data, as a framing line, gives
 // slave 0.
 ConfigLine SplitConfigLine(std::string_view line);
 
-// True if no data line of the slaves 1 to 16 has an empty parameter. False too for a file that
-// can't be read whole.
+enum class EmptyParameters {
+  kNone,
+  kSome,
+  kUnknown,  // the file can't be read whole
+};
+
+// Whether a data line of the slaves 1 to 16 has an empty parameter, the first and the last too.
+EmptyParameters CheckEmptyParameters(base::FileSystem& files, const std::string& path);
+
+// True if it is known that none has.
 bool FileHasNoEmptyParameters(base::FileSystem& files, const std::string& path);
 
 // The number of external groups that the file names for the slave (parameter 8 of "@GEN"); 0 if
@@ -39,11 +56,16 @@ class ConfigReader {
   // The next line. False at the end or after a failure.
   bool Next(std::string& line);
 
+  // The next data line of any slave. False as above.
+  bool NextRecord(ConfigRecord& record);
+
   // The next data line of the slave: its tag, upper case, and its data. False as above.
   bool NextOfSlave(int slave, std::string& tag, std::string& data);
 
   // True if the file couldn't be opened or read to its end, or holds more than a limit allows.
   bool Failed() const { return tooLarge_ || reader_.Failed(); }
+  // Which of these it is, in words. Empty if nothing failed.
+  std::string Error() const;
 
  private:
   base::LineReader reader_;

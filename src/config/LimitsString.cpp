@@ -39,9 +39,12 @@ LimitsString::LimitsString(std::string_view text)
 bool LimitsString::IsSelector() const { return base::LeadingNumber(EditorKey) > 0; }
 
 std::string LimitsString::RangeText() const {
-  const std::string shown = Default.starts_with('.') ? "?" : DefaultValue();
   return "[ min. = " + BoundText(Minimum) + ", max. = " + BoundText(Maximum) +
-         ", default = " + shown + " ]";
+         ", default = " + ShownDefault() + " ]";
+}
+
+std::string LimitsString::ShownDefault() const {
+  return Default.starts_with('.') ? "?" : DefaultValue();
 }
 
 std::string LimitsString::DefaultValue() const {

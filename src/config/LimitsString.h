@@ -32,6 +32,9 @@ struct LimitsString {
   // the default is the empty text.
   std::string DefaultValue() const;
 
+  // The default as the operator reads it: "?" if there is none.
+  std::string ShownDefault() const;
+
   std::string EditorKey;  // which editor the operator gets, or the key of a selector list
   Bound Minimum;
   Bound Maximum;

@@ -6,11 +6,11 @@
 #include <functional>
 #include <string>
 
+#include "base/AppIdentity.h"
 #include "config/MachineFacts.h"
 #include "link/ComPort.h"
 #include "link/LinkTexts.h"
 #include "link/LinkUp.h"
-#include "shell/AppIdentity.h"
 #include "shell/LinkCare.h"
 #include "shell/MachineProcesses.h"
 #include "shell/Polling.h"
@@ -39,7 +39,7 @@ class MainWindowOwner {
 
 struct Form1Parts {
   ui::Screen& Screen;
-  const AppIdentity& Identity;
+  const base::AppIdentity& Identity;
   MainWindowOwner& Owner;
   SubWindows& Windows;
   link::SerialPort& Port;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/AppIdentity.h"
 #include "base/AppPaths.h"
 #include "base/Clock.h"
 #include "base/Files.h"
@@ -17,7 +18,6 @@
 #include "link/LinkUp.h"
 #include "link/Transaction.h"
 #include "link/Xmodem.h"
-#include "shell/AppIdentity.h"
 #include "shell/Form1.h"
 #include "shell/FormDbg.h"
 #include "shell/PlainWindows.h"
@@ -36,7 +36,7 @@ struct ProgramSetup {
   base::FileSystem& Files;
   link::SerialPort& Port;
   ui::Screen& Screen;
-  AppIdentity Identity;
+  base::AppIdentity Identity;
   std::string AppPath;
   std::string CommandLine;  // free text with the keys KSVDEBUG and PORT
 };

@@ -1,10 +1,8 @@
 #include "shell/Splash.h"
 
-#include "shell/AppIdentity.h"
-
 namespace tintbench::shell {
 
-frmSplsh::frmSplsh(ui::Screen& screen, const AppIdentity& identity)
+frmSplsh::frmSplsh(ui::Screen& screen, const base::AppIdentity& identity)
     : ui::Form("frmSplsh"), screen_(screen) {
   Caption = identity.AppTitle;
   lblProductName.Caption = identity.AppTitle;

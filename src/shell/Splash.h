@@ -1,15 +1,14 @@
 // The panel that stands in front of link-up while the program starts.
 #pragma once
 
+#include "base/AppIdentity.h"
 #include "ui/Controls.h"
 #include "ui/Screen.h"
 
 namespace tintbench::shell {
 
-struct AppIdentity;
-
 struct frmSplsh : ui::Form {
-  frmSplsh(ui::Screen& screen, const AppIdentity& identity);
+  frmSplsh(ui::Screen& screen, const base::AppIdentity& identity);
 
   ui::Label lblProductName{*this, "lblProductName"};
   ui::Label lblVersion{*this, "lblVersion"};

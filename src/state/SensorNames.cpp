@@ -46,9 +46,6 @@ constexpr std::array<OutputRow, kOutputCount> kOutputs{{
     {"disabled", false},
 }};
 
-constexpr std::string_view kNibbles =
-    "0000000100100011010001010110011110001001101010111100110111101111";
-
 SensorName ConnectorName(int connector, int sensor, const config::SelectorCatalogue& selectors) {
   const std::string prefix = "CNM[" + base::PlainNumber(connector) + " ] ";
   if (sensor <= 0) return {prefix + "disabled", false};
@@ -71,15 +68,6 @@ SensorNames BuildSensorNames(bool configured, const config::MachineFacts& facts,
     *output++ = {std::string(row.Name), row.InUse && configured};
   }
   return names;
-}
-
-std::string HexToBinary(std::string_view digits) {
-  std::string bits;
-  for (const char digit : digits) {
-    const int value = base::HexDigitValue(digit);
-    bits += value < 0 ? "EEEE" : kNibbles.substr(static_cast<std::size_t>(value) * 4, 4);
-  }
-  return bits;
 }
 
 }  // namespace tintbench::state

@@ -29,8 +29,4 @@ struct SensorNames {
 SensorNames BuildSensorNames(bool configured, const config::MachineFacts& facts,
                              const config::SelectorCatalogue& selectors);
 
-// Four characters "0" or "1" for each hexadecimal digit, highest bit first; "EEEE" for a character
-// that is none.
-std::string HexToBinary(std::string_view digits);
-
 }  // namespace tintbench::state

@@ -133,7 +133,7 @@ bool StateDecoder::DecodeInputs(SensorPanels& panels, const std::string& answer)
     panels.PanelValid[kInputPanel] = false;
     return false;
   }
-  if (isNew) ShowInputBits(panels, HexToBinary(answer.substr(1, 1) + answer.substr(3)));
+  if (isNew) ShowInputBits(panels, base::HexToBinary(answer.substr(1, 1) + answer.substr(3)));
   panels.ILabel1.Caption = "Slave Address =" + std::to_string(SlaveAddress(answer));
   if (!panels.PanelValid[kInputPanel]) EnableAll(panels, kInputBits, InputControls);
   panels.PanelValid[kInputPanel] = true;
@@ -159,7 +159,7 @@ bool StateDecoder::DecodeOutputs(SensorPanels& panels, const std::string& answer
     panels.PanelValid[kOutputPanel] = false;
     return false;
   }
-  if (isNew) ShowOutputBits(panels, HexToBinary(answer.substr(1)));
+  if (isNew) ShowOutputBits(panels, base::HexToBinary(answer.substr(1)));
   panels.OLabel1.Caption = "";
   if (!panels.PanelValid[kOutputPanel]) EnableAll(panels, kOutputBits, OutputControls);
   panels.PanelValid[kOutputPanel] = true;

@@ -97,6 +97,11 @@ TEST(Numbers, Hexadecimal) {
   EXPECT_FALSE(IsHexadecimal(""));
   EXPECT_FALSE(IsHexadecimal("0G"));
   EXPECT_EQ(ToHex(10, 2) + ToHex(0x1AB, 2), "0AAB");
+  EXPECT_EQ(HexToBinary(""), "");
+  EXPECT_EQ(HexToBinary("G0 "), "EEEE0000EEEE");
+  EXPECT_EQ(HexToBinary("0123456789abcdef"),
+            "0000000100100011010001010110011110001001101010111100110111101111");
+  EXPECT_EQ(HexToBinary("aF"), "10101111");
 }
 
 }  // namespace

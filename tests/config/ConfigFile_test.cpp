@@ -40,26 +40,40 @@ TEST(ConfigFile, SplitsALineIntoSlaveAndData) {
 TEST(ConfigFile, FindsEmptyParameters) {
   const ScratchFolder folder;
   base::StandardFileSystem files;
-  EXPECT_FALSE(FileHasNoEmptyParameters(files, folder.Path("missing")));
+  EXPECT_EQ(CheckEmptyParameters(files, folder.Path("missing")), EmptyParameters::kUnknown);
   struct {
     std::string Content;
-    bool Wanted;
+    EmptyParameters Wanted;
   } const cases[] = {
-      {"", true},
-      {"@GEN 1 16,1,,0\r\n", false},
-      {"@GEN 1 16,1,0,0,\r\n", false},
-      {"@GEN 1 ,16\r\n", false},
-      {"@GEN 16 1,,2", false},
-      {"@TEL 1 1\n  @XYZ   2   1,,2  \n", false},
-      {"@ICS 1\r\n@GEN 1 16,1,\"\",0\r\n@TDA 1 \r\n@ECS 1\r\n@PDD 1\r\n", true},
-      {"@GEN 17 1,,2\r\n@GEN 0 1,,2\r\n% x,,y z\r\nGEN 1 1,,2\r\n", true},
-      {"@GEN 1 " + std::string(100000, '1') + "\r\n", false},
-      {"% " + std::string(100000, ',') + "\r\n@GEN 1 1\r\n", true},
+      {"", EmptyParameters::kNone},
+      {"@GEN 1 16,1,,0\r\n", EmptyParameters::kSome},
+      {"@GEN 1 16,1,0,0,\r\n", EmptyParameters::kSome},
+      {"@GEN 1 ,16\r\n", EmptyParameters::kSome},
+      {"@GEN 16 1,,2", EmptyParameters::kSome},
+      {"@TEL 1 1\n  @XYZ   2   1,,2  \n", EmptyParameters::kSome},
+      {"@ICS 1\r\n@GEN 1 16,1,\"\",0\r\n@TDA 1 \r\n@ECS 1\r\n@PDD 1\r\n", EmptyParameters::kNone},
+      {"@GEN 17 1,,2\r\n@GEN 0 1,,2\r\n% x,,y z\r\nGEN 1 1,,2\r\n", EmptyParameters::kNone},
+      {"@GEN 1 " + std::string(100000, '1') + "\r\n", EmptyParameters::kUnknown},
+      {"% " + std::string(100000, ',') + "\r\n@GEN 1 1\r\n", EmptyParameters::kNone},
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(FileHasNoEmptyParameters(files, folder.Put("x", c.Content)), c.Wanted)
+    EXPECT_EQ(CheckEmptyParameters(files, folder.Put("x", c.Content)), c.Wanted)
         << c.Content.substr(0, 60);
   }
+}
+
+TEST(ConfigFile, GivesTheLinesOfAllSlavesWithTheirTagsAsWritten) {
+  const ScratchFolder folder;
+  base::StandardFileSystem files;
+  ConfigReader reader(files, folder.Put("x",
+                                        "% 1 a b\n@ICS 1\n @gen   1  1, 2 \n@GEN 17 1\n@GEN 0 1\n"
+                                        "@GEN x 1\nGEN 16 1\n@GEN 2\n@GENX 2x 5|6"));
+  std::string seen;
+  for (ConfigRecord record; reader.NextRecord(record);) {
+    seen += record.Tag + std::to_string(record.Slave) + "=" + record.Data + ";";
+  }
+  EXPECT_EQ(seen, "%1=a b;@gen1=1, 2;GEN16=1;@GENX2=5|6;");
+  EXPECT_FALSE(reader.Failed());
 }
 
 TEST(ConfigFile, ReadsTheNumberOfExternalGroups) {
@@ -91,7 +105,7 @@ TEST(ConfigFile, StopsAtReadErrorsAndEndlessFiles) {
   const ScratchFolder folder;
   const std::string path = folder.Put("x", "@GEN 1 1,2\r\n");
   FailingFileSystem failing(2);
-  EXPECT_FALSE(FileHasNoEmptyParameters(failing, path));
+  EXPECT_EQ(CheckEmptyParameters(failing, path), EmptyParameters::kUnknown);
 
   base::StandardFileSystem files;
   std::string many;

@@ -31,7 +31,7 @@ class MainWindow : public ::testing::Test {
   // Runs the program; `act` is done in its open main window, which is closed afterwards.
   void Run(const std::function<void()>& act) {
     shell::Program program(
-        {clock, files, port, screen, shell::MakeIdentity("TintBench", "1.2.3"), folder.Path(), {}});
+        {clock, files, port, screen, base::MakeIdentity("TintBench", "1.2.3"), folder.Path(), {}});
     QTimer start;
     QObject::connect(&start, &QTimer::timeout, [&] {
       form = dynamic_cast<shell::Form1*>(screen.FindForm("Form1"));

@@ -36,7 +36,7 @@ class CommandsWindow : public ::testing::Test {
   // Opens the window from the main window's menu, and does `act` in it. Then Esc closes it.
   void Run(ui::Menu shell::Form1::*item, const std::function<void()>& act) {
     shell::Program program(
-        {clock, files, port, screen, shell::MakeIdentity("TintBench", "1.2.3"), folder.Path(), {}});
+        {clock, files, port, screen, base::MakeIdentity("TintBench", "1.2.3"), folder.Path(), {}});
     // Each works inside the other's press.
     QTimer start;
     QTimer work;

@@ -106,7 +106,7 @@ TEST(Splash, StandsForEightSecondsFromItsShowing) {
 TEST(Splash, ClosesAtAKeyOrAClick) {
   base::VirtualClock clock;
   testing::NotingScreen screen(clock);
-  const AppIdentity identity = MakeIdentity("TintBench", "1.2.3");
+  const base::AppIdentity identity = base::MakeIdentity("TintBench", "1.2.3");
   frmSplsh byKey(screen, identity);
   EXPECT_EQ(byKey.lblProductName.Caption.Get(), "TintBench");
   EXPECT_EQ(byKey.lblVersion.Caption.Get(), "Ver. 1.2");

@@ -35,7 +35,7 @@ class TestProgram {
 
   shell::Program::Result Run(const std::string& commandLine = {}) {
     Program = std::make_unique<shell::Program>(
-        shell::ProgramSetup{Clock, Files, *Port, Screen, shell::MakeIdentity("TintBench", "1.2.3"),
+        shell::ProgramSetup{Clock, Files, *Port, Screen, base::MakeIdentity("TintBench", "1.2.3"),
                             Folder.Path(), commandLine});
     return Program->Main();
   }

@@ -29,13 +29,5 @@ TEST(SensorNames, ConnectorsTakeTheNamesOfTheirSensors) {
   EXPECT_EQ(shown, "INVERTER_1,ELECTROVALVE VOLTAGE,MODULE VOLTAGE,");
 }
 
-TEST(HexToBinary, GivesFourCharactersForAnyCharacter) {
-  EXPECT_EQ(HexToBinary(""), "");
-  EXPECT_EQ(HexToBinary("G0 "), "EEEE0000EEEE");
-  EXPECT_EQ(HexToBinary("0123456789abcdef"),
-            "0000000100100011010001010110011110001001101010111100110111101111");
-  EXPECT_EQ(HexToBinary("aF"), "10101111");
-}
-
 }  // namespace
 }  // namespace tintbench::state

@@ -6,7 +6,7 @@
 
 #include "base/Text.h"
 
-namespace tintbench::shell {
+namespace tintbench::base {
 
 struct AppIdentity {
   std::string AppTitle;
@@ -17,8 +17,8 @@ struct AppIdentity {
 
 // `version` is "major.minor.revision".
 inline AppIdentity MakeIdentity(std::string title, std::string_view version) {
-  return {std::move(title), base::GetField(1, version, "."), base::GetField(2, version, "."),
-          base::GetField(3, version, ".")};
+  return {std::move(title), GetField(1, version, "."), GetField(2, version, "."),
+          GetField(3, version, ".")};
 }
 
-}  // namespace tintbench::shell
+}  // namespace tintbench::base
