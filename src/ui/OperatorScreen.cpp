@@ -17,8 +17,7 @@ constexpr double kMeanwhileInterval = 0.25;
 // How long a script may wait for a box that its next step answers, in seconds: longer than any
 // process of the machine takes.
 constexpr double kBoxPatience = 3600.0;
-// At the script's end: how often, and how many times, the front window's close button is pressed.
-constexpr double kCloseInterval = 0.5;
+// How many times close buttons are pressed at the end.
 constexpr int kCloseTries = 120;
 
 std::string_view IconWord(BoxIcon icon) {
@@ -44,12 +43,6 @@ bool Offers(BoxButtons buttons, Answer answer) {
   return false;
 }
 
-// What a box is answered with when the script has no answer: the least harmful.
-Answer Harmless(BoxButtons buttons) {
-  constexpr std::array<Answer, 3> kAnswers{Answer::OK, Answer::Cancel, Answer::No};
-  return kAnswers[static_cast<std::size_t>(buttons)];
-}
-
 bool IsReply(const Step& step) {
   return step.Kind == StepKind::Answer || step.Kind == StepKind::Input ||
          step.Kind == StepKind::File;
@@ -73,9 +66,13 @@ bool OperatorScreen::MayDeliver(const Step& step) const {
 }
 
 bool OperatorScreen::ServeOperator() {
-  if (waiting_ != nullptr && !WaitIsOver()) return false;
+  if (IsClosingAll() || (waiting_ != nullptr && !WaitIsOver())) return false;
   const Step* step = NextStep();
-  if (step == nullptr) return CloseFrontWindow();
+  if (step == nullptr) {
+    // At the script's end the windows are closed from the front one back to the main window.
+    CloseAll();
+    return false;
+  }
   if (!MayDeliver(*step)) return false;
   if (IsReply(*step)) return AnswerIsOverdue(*step);
   Deliver(*step);
@@ -158,35 +155,32 @@ void OperatorScreen::TellWaitingMachineWords() {
   }
 }
 
-// At the script's end the windows are closed from the front one back to the main window.
-bool OperatorScreen::CloseFrontWindow() {
-  if (Front() == nullptr || IsQuitting() || Time().Now() < nextClose_) return false;
-  nextClose_ = Time().Now() + kCloseInterval;
-  if (++closeTries_ > kCloseTries) {
-    ScriptFails(nullptr, "the window " + Front()->Name() + " does not close");
+void OperatorScreen::PressClose(Form& form) {
+  if (++closeTries_ <= kCloseTries) {
+    CloseByOperator(form);
+  } else {
+    ScriptFails(nullptr, "the window " + form.Name() + " does not close");
     Quit();
-    return true;
   }
-  CloseByOperator(*Front());
-  return true;
 }
 
-double OperatorScreen::NextWake() const {
+double OperatorScreen::NextLook() const {
+  if (IsClosingAll()) return kNever;
   const double now = Time().Now();
   if (waiting_ != nullptr) {
     return waiting_->Kind == StepKind::Wait ? waitEnd_ : std::min(waitEnd_, now + kLookInterval);
   }
   const Step* step = NextStep();
-  if (step == nullptr) return std::max(nextClose_, now + kLookInterval);
   if (step == awaited_) return awaitedSince_ + kBoxPatience;
   return now + kLookInterval;
 }
 
 void OperatorScreen::AwaitOperator(double when) {
-  const double wake = std::min(when, NextWake());
+  const double wake = std::min(when, NextLook());
   if (!Meanwhile) return Time().SleepUntil(wake);
   Meanwhile();
-  Time().SleepUntil(std::min(wake, Time().Now() + kMeanwhileInterval));
+  const double next = Time().Now() + kMeanwhileInterval;
+  Time().SleepUntil(Time().IsVirtual() ? wake : std::min(wake, next));
 }
 
 void OperatorScreen::Appeared(Form&, bool) {
@@ -207,6 +201,8 @@ void OperatorScreen::ShowBox(std::string_view title, std::string_view icon, std:
 }
 
 const Step* OperatorScreen::TakeReply(StepKind kind, const std::string& told) {
+  // A script that is cut short answers nothing more.
+  if (IsClosingAll() && NextStep() != nullptr) return nullptr;
   TellWaitingMachineWords();
   const Step* step = NextStep();
   if (step == nullptr || step->Kind != kind) {
@@ -229,12 +225,12 @@ void OperatorScreen::CheckReply(const Step& step, const std::string& text) {
 Answer OperatorScreen::Ask(const Box& box) {
   ShowBox(box.Title, IconWord(box.Icon), box.Text);
   const Step* step = TakeReply(StepKind::Answer, OnOneLine(box.Text));
-  if (step == nullptr) return Harmless(box.Buttons);
+  if (step == nullptr) return WayOut(box.Buttons);
   CheckReply(*step, box.Text);
   if (Offers(box.Buttons, step->Button)) return step->Button;
   ScriptFails(step, "the box has no button " + std::string(AnswerWord(step->Button)) + ": " +
                         OnOneLine(box.Text));
-  return Harmless(box.Buttons);
+  return WayOut(box.Buttons);
 }
 
 std::optional<std::string> OperatorScreen::Ask(const Question& question) {
@@ -274,8 +270,9 @@ void OperatorScreen::ScriptFails(const Step* step, const std::string& what) {
 }
 
 OperatorScreen::Outcome OperatorScreen::Finish() {
-  if (const Step* step = NextStep(); step != nullptr) {
-    ScriptFails(step, "the program has ended before this step");
+  const Step* step = waiting_ != nullptr ? waiting_ : NextStep();
+  if (step != nullptr) {
+    ScriptFails(step, "the program has ended before this step was done");
   }
   return outcome_;
 }

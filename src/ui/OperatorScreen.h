@@ -32,7 +32,7 @@ class OperatorScreen final : public Screen {
   std::optional<std::string> Ask(const FileRequest& request) override;
 
   // Called some times a second while the script waits: whoever drives the line can notice there
-  // that it is lost, though nobody reads it.
+  // that it is lost, though nobody reads it, and the system can tell the program to end.
   std::function<void()> Meanwhile;
 
   // One unit a character.
@@ -46,6 +46,7 @@ class OperatorScreen final : public Screen {
   void AwaitOperator(double when) override;
   void Appeared(Form& form, bool modal) override;
   void Vanished(Form& form) override;
+  void PressClose(Form& form) override;
 
  private:
   class Watcher;
@@ -64,8 +65,7 @@ class OperatorScreen final : public Screen {
   void Deliver(const Step& step);
   void TellMachine(const Step& step);
   void TellWaitingMachineWords();
-  bool CloseFrontWindow();
-  double NextWake() const;
+  double NextLook() const;
 
   const Step* TakeReply(StepKind kind, const std::string& told);
   void CheckReply(const Step& step, const std::string& text);
@@ -104,7 +104,6 @@ class OperatorScreen final : public Screen {
   double waitEnd_ = 0;
   const Step* awaited_ = nullptr;  // the answer whose box has not come yet
   double awaitedSince_ = 0;
-  double nextClose_ = 0;
   int closeTries_ = 0;
   bool ended_ = false;
   Outcome outcome_ = Outcome::Good;

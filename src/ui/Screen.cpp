@@ -19,8 +19,22 @@ std::vector<Timer*> RunningTimers(const Form& form) {
 }
 
 constexpr double kMillisecond = 0.001;
+// How often a program that is told to end presses a close button, in seconds.
+constexpr double kCloseInterval = 0.5;
 
 }  // namespace
+
+Answer WayOut(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::OkCancel:
+      return Answer::Cancel;
+    case BoxButtons::YesNo:
+      return Answer::No;
+    case BoxButtons::Ok:
+      break;
+  }
+  return Answer::OK;
+}
 
 void Screen::Register(Form& form) {
   if (std::find(known_.begin(), known_.end(), &form) == known_.end()) known_.push_back(&form);
@@ -46,7 +60,9 @@ void Screen::Show(Form& form) { Open(form, false); }
 
 void Screen::ShowModal(Form& form) {
   Open(form, true);
+  awaited_.push_back(&form);
   while (form.Visible && !quitting_) Idle(kNever);
+  awaited_.pop_back();
 }
 
 void Screen::Open(Form& form, bool modal) {
@@ -86,7 +102,7 @@ void Screen::DoEvents() { Serve(); }
 void Screen::Idle(double seconds) {
   const double end = clock_.Now() + seconds;
   while (!Serve() && !quitting_ && clock_.Now() < end) {
-    AwaitOperator(std::min(end, NextTimerDue()));
+    AwaitOperator(std::min(end, NextWake()));
   }
   // A process that waits in turns for something to come must still see its time run out.
   if (quitting_ && end < kNever) clock_.SleepUntil(end);
@@ -98,7 +114,27 @@ void Screen::Run() {
 
 bool Screen::Serve() {
   const bool fired = FireTimers();
-  return ServeOperator() || fired;
+  const bool served = ServeOperator();
+  return CloseFront() || served || fired;
+}
+
+void Screen::CloseAll() {
+  closingAll_ = true;
+  GiveUpBox();
+}
+
+// Whoever showed a window modally has its say behind it before the next window is closed.
+bool Screen::CloseFront() {
+  if (!closingAll_ || quitting_ || Front() == nullptr || clock_.Now() < nextClose_) return false;
+  nextClose_ = clock_.Now() + kCloseInterval;
+  if (!awaited_.empty() && !awaited_.back()->Visible) return false;
+  PressClose(*Front());
+  return true;
+}
+
+double Screen::NextWake() const {
+  const double due = NextTimerDue();
+  return closingAll_ ? std::min(due, nextClose_) : due;
 }
 
 bool Screen::FireTimers() {

@@ -19,6 +19,9 @@ enum class BoxIcon { Plain, Stop, Question, Exclamation, Information };
 enum class BoxButtons { Ok, OkCancel, YesNo };
 enum class Answer { OK, Cancel, Yes, No };
 
+// What Esc answers: the least harmful of the box's answers.
+Answer WayOut(BoxButtons buttons);
+
 // A message box. An empty title stands for the program's own.
 struct Box {
   std::string Text;
@@ -86,6 +89,11 @@ class Screen {
   void Idle(double seconds);
   // Serves events until no window is open.
   void Run();
+  // The program is told to end: from here on, whenever events are served, the close button of the
+  // front window is pressed, back to the main window. A window that stays is asked again. Boxes are
+  // given up, as Esc does. May be called at any time while events are served.
+  void CloseAll();
+  bool IsClosingAll() const { return closingAll_; }
   // Makes `Run` and every modal wait return; used when the program must end at once.
   void Quit() { quitting_ = true; }
   bool IsQuitting() const { return quitting_; }
@@ -107,6 +115,10 @@ class Screen {
   // A window has appeared, or goes.
   virtual void Appeared(Form& form, bool modal) = 0;
   virtual void Vanished(Form& form) = 0;
+  // Gives up what box is open.
+  virtual void GiveUpBox() {}
+  // Presses the close button for `CloseAll`.
+  virtual void PressClose(Form& form) { CloseByOperator(form); }
 
   const std::vector<Form*>& KnownForms() const { return known_; }
   // Windows that are loaded and visible, the front one last.
@@ -115,13 +127,18 @@ class Screen {
  private:
   bool Serve();
   bool FireTimers();
+  bool CloseFront();
   double NextTimerDue() const;
+  double NextWake() const;
   void Open(Form& form, bool modal);
   void TakeAway(Form& form);
 
   base::Clock& clock_;
   std::vector<Form*> known_;
   std::vector<Form*> open_;
+  std::vector<const Form*> awaited_;  // by `ShowModal`, the innermost last
+  double nextClose_ = 0;
+  bool closingAll_ = false;
   bool quitting_ = false;
 };
 

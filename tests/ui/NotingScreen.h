@@ -50,10 +50,12 @@ class NotingScreen final : public ui::Screen {
 
   ui::Answer Ask(const ui::Box& box) override {
     Boxes.push_back(box);
+    if (IsClosingAll()) return ui::WayOut(box.Buttons);
     return Next(Answers).value_or(ui::Answer::OK);
   }
   std::optional<std::string> Ask(const ui::Question& question) override {
     Questions.push_back(question);
+    if (IsClosingAll()) return std::nullopt;
     return Next(Replies);
   }
   std::optional<std::string> Ask(const ui::FileRequest&) override { return std::nullopt; }
@@ -63,7 +65,7 @@ class NotingScreen final : public ui::Screen {
 
  protected:
   bool ServeOperator() override {
-    if (Front() == nullptr || Front()->IsSplash() || waiting_) return false;
+    if (Front() == nullptr || Front()->IsSplash() || waiting_ || IsClosingAll()) return false;
     if (OnMainWindow) {
       Alone(std::exchange(OnMainWindow, nullptr));
     } else if (!Hand.empty()) {

@@ -271,7 +271,40 @@ TEST_F(OperatorScreenTest, PressesTheCloseButtonUntilTheWindowGoes) {
 TEST_F(OperatorScreenTest, ReportsStepsThatTheProgramDidNotLiveToSee) {
   const Played played = Play("close Sample\nclick Sample.CmdAsk");
   EXPECT_EQ(played.Status, 2);
-  EXPECT_TRUE(Has(played.Diagnostics, "test:2: the program has ended before this step"));
+  EXPECT_TRUE(Has(played.Diagnostics, "test:2: the program has ended before this step was done"));
+}
+
+// Told to end while a process runs in a modal window, from which the window can be closed.
+TEST_F(OperatorScreenTest, ClosesAllWindowsInTheirOrderWhenItIsToldTo) {
+  std::string told;
+  Form main("Main");
+  Button open{main, "CmdOpen"};
+  std::ostringstream transcript;
+  std::ostringstream diagnostics;
+  OperatorScript script;
+  std::string error;
+  ASSERT_TRUE(ParseOperatorScript("click Main.CmdOpen\nclick Sample.CmdLong\nanswer OK", "test",
+                                  script, error));
+  OperatorScreen screen(Clock, script, transcript, diagnostics);
+  SampleForm sub(screen);
+  sub.Refusals = 2;
+  open.Click = [&] {
+    screen.ShowModal(sub);
+    told += sub.Visible ? "left " : "back ";
+    EXPECT_TRUE(main.Visible);
+    EXPECT_EQ(sub.Rounds, 100);
+    const Box box{.Text = "?", .Buttons = BoxButtons::YesNo};
+    told += screen.Ask(box) == Answer::No ? "no " : "yes ";
+  };
+  sub.Timer1.Interval = 3000;
+  sub.Timer1.Tick = [&] { screen.CloseAll(); };
+  screen.Show(main);
+  screen.Run();
+  EXPECT_EQ(told, "back no ");
+  EXPECT_LT(sub.Refusals, 0);
+  EXPECT_FALSE(main.Visible);
+  EXPECT_EQ(screen.Finish(), OperatorScreen::Outcome::ScriptWrong);
+  EXPECT_EQ(diagnostics.str(), "test:3: the program has ended before this step was done\n");
 }
 
 // Its way out takes longer than the script's patience.
