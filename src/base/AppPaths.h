@@ -23,6 +23,9 @@ class AppPaths {
   std::string ReceivedConfigFile() const { return JoinPath(ConfigFolder(), "DEFSLAVE.CFR"); }
   // Where a file is built while it is received; of no use to the next run.
   std::string ReceptionFile() const { return JoinPath(appPath_, "TMP.TMP"); }
+  // The folder of the machine's counts, with those that were received last.
+  std::string StatFolder() const { return JoinPath(appPath_, "STAT"); }
+  std::string LastDataFile() const { return JoinPath(StatFolder(), "LASTSTAT.DAT"); }
   std::string DebugLog() const { return JoinPath(appPath_, "ksvdebug.txt"); }
 
  private:

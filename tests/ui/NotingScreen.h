@@ -26,6 +26,8 @@ class NotingScreen final : public ui::Screen {
   std::vector<ui::Question> Questions;
   std::deque<ui::Answer> Answers;   // to the next boxes; OK behind the last
   std::deque<std::string> Replies;  // to the next questions; given up behind the last
+  std::vector<ui::FileRequest> Requests;
+  std::deque<std::string> Paths;  // to the next file dialogs; given up behind the last
   std::function<void()> OnMainWindow;
   std::deque<std::function<void()>> Hand;
 
@@ -58,7 +60,10 @@ class NotingScreen final : public ui::Screen {
     if (IsClosingAll()) return std::nullopt;
     return Next(Replies);
   }
-  std::optional<std::string> Ask(const ui::FileRequest&) override { return std::nullopt; }
+  std::optional<std::string> Ask(const ui::FileRequest& request) override {
+    Requests.push_back(request);
+    return Next(Paths);
+  }
   double TextWidth(const ui::Form&, std::string_view text) const override {
     return static_cast<double>(text.size());
   }
