@@ -10,6 +10,7 @@
 #include "config/FileParts.h"
 #include "config/MachineFacts.h"
 #include "config/SelectorCatalogue.h"
+#include "editor/ConfigStore.h"
 #include "state/SensorNames.h"
 
 namespace tintbench::fuzz {
@@ -141,6 +142,29 @@ void CheckParts(const std::string& content, std::size_t readSize) {
   Require(whole == opened || whole == opened + kClosing, "the parts are the source, framed");
 }
 
+// Once through the editor, a file stays as it is.
+void CheckEditing(const std::string& content) {
+  testing::MemoryFileSystem files;
+  files.Put(kFile, content);
+  const base::VirtualClock clock;
+  const base::AppIdentity identity;
+  static const config::SelectorCatalogue selectors;
+  static const config::ParameterCatalogue catalogue(selectors);
+  const editor::ConfigWriter writer{files, clock, identity, catalogue};
+  editor::EditingModel model;
+  if (!editor::LoadConfigFile(files, kFile, model)) return;
+  std::string saved;
+  for (int round = 0; round < 3; ++round) {
+    const editor::WriteOutcome outcome = writer.WriteConfigFile(model, {}, kFile);
+    if (round == 0 && !outcome.Result) return;
+    Require(static_cast<bool>(outcome.Result), "what was written once can be written again");
+    // The first time, blanks around data go, and lines without data.
+    Require(round < 2 || files.Get(kFile) == saved, "a saved file stays as it is");
+    saved = files.Get(kFile);
+    Require(static_cast<bool>(editor::LoadConfigFile(files, kFile, model)), "and can be read");
+  }
+}
+
 }  // namespace
 }  // namespace tintbench::fuzz
 
@@ -154,6 +178,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   fuzz::CheckLine(text.substr(0, text.find('\n')));
   fuzz::CheckEmptyParameters(text, readSize);
   fuzz::CheckKnown(text, slave, readSize);
+  fuzz::CheckEditing(text);
   std::string content;
   for (int i = 0; i < repeats && content.size() + text.size() < fuzz::kLargestFile; ++i) {
     content += text;

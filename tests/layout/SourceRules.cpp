@@ -13,9 +13,9 @@ namespace {
 using Names = std::set<std::string, std::less<>>;
 
 const std::map<std::string, int, std::less<>> kFloors = {
-    {"base", 1},      {"ui", 2},    {"config", 3}, {"state", 4},    {"link", 5},
-    {"commands", 6},  {"stats", 6}, {"groups", 6}, {"transfer", 6}, {"autotest", 6},
-    {"simulator", 6}, {"shell", 7}, {"qt", 8},     {"app", 9}};
+    {"base", 1},     {"ui", 2},        {"config", 3}, {"state", 4},  {"editor", 4},
+    {"link", 5},     {"commands", 6},  {"stats", 6},  {"groups", 6}, {"transfer", 6},
+    {"autotest", 6}, {"simulator", 6}, {"shell", 7},  {"qt", 8},     {"app", 9}};
 
 constexpr std::string_view kSimulatorsWindow = "link/SerialPort.h";
 constexpr std::string_view kClockFile = "base/Clock.cpp";
