@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 #include "base/Text.h"
@@ -40,16 +41,11 @@ QMessageBox::StandardButtons ButtonsOf(ui::BoxButtons buttons) {
   return QMessageBox::Ok;
 }
 
-QMessageBox::StandardButton WayOut(ui::BoxButtons buttons) {
-  switch (buttons) {
-    case ui::BoxButtons::OkCancel:
-      return QMessageBox::Cancel;
-    case ui::BoxButtons::YesNo:
-      return QMessageBox::No;
-    case ui::BoxButtons::Ok:
-      break;
-  }
-  return QMessageBox::Ok;
+QMessageBox::StandardButton EscapeOf(ui::BoxButtons buttons) {
+  const ui::Answer wayOut = ui::WayOut(buttons);
+  return std::find_if(kButtons.begin(), kButtons.end(),
+                      [&](const BoxButton& button) { return button.Answer == wayOut; })
+      ->Button;
 }
 
 QMessageBox::Icon IconOf(ui::BoxIcon icon) {
@@ -86,7 +82,7 @@ ui::Answer AskBox(const ui::Box& box, const std::string& title, QWidget* parent)
   for (const BoxButton& button : kButtons) {
     if (QAbstractButton* widget = shown.button(button.Button)) widget->setText(button.Caption);
   }
-  shown.setEscapeButton(WayOut(box.Buttons));
+  shown.setEscapeButton(EscapeOf(box.Buttons));
   const int pressed = shown.exec();
   for (const BoxButton& button : kButtons) {
     if (button.Button == pressed) return button.Answer;
