@@ -1,64 +1,37 @@
 #include "editor/ConfigStore.h"
 
-#include <gtest/gtest.h>
-
 #include "base/FailingFileSystem.h"
-#include "base/MemoryFileSystem.h"
 #include "base/ScratchFolder.h"
-#include "base/Text.h"
 #include "config/ConfigFile.h"
+#include "editor/EditorBench.h"
 #include "simulator/SampleConfiguration.h"
 
 namespace tintbench::editor {
 namespace {
 
-using config::ConfigGroup;
-
-class ConfigStore : public ::testing::Test {
+class ConfigStore : public testing::EditorBench {
  protected:
   // What is written from a file with this content, without the header.
   std::string Saved(const std::string& content, int filled = 0) {
     files_.Put("/a/old.cfr", content);
     EditingModel model;
     EXPECT_TRUE(LoadConfigFile(files_, "/a/old.cfr", model));
-    return Written(model, filled);
-  }
-
-  std::string Written(const EditingModel& model, int filled = 0) {
     const WriteOutcome outcome = writer_.WriteConfigFile(model, {}, "/a/new.cfm");
     EXPECT_TRUE(outcome.Result) << outcome.Result.Error();
     EXPECT_EQ(outcome.Filled, filled);
     const std::string text = files_.Get("/a/new.cfm");
-    const std::size_t header = text.find("\r\n\r\n");
-    return text.substr(header + 4);
+    return text.substr(text.find("\r\n\r\n") + 4);
   }
-
-  testing::MemoryFileSystem files_;
-  const base::VirtualClock clock_{{2026, 3, 7, 9, 5, 2}};
-  const base::AppIdentity identity_ = base::MakeIdentity("TintBench", "1.2.3");
-  const config::SelectorCatalogue selectors_;
-  const config::ParameterCatalogue catalogue_{selectors_};
-  const ConfigWriter writer_{files_, clock_, identity_, catalogue_};
 };
 
 TEST_F(ConfigStore, TheHeaderNamesProgramTimeAndOrigin) {
-  files_.Put("/a/x", "");
-  const ConfigName original{"/a/", "MACHINE", "CFR", "2026-02-01", "10:11:12"};
+  files_.Put("/a/MACHINE.CFR", "");
+  const ConfigName original = NamedConfig(files_, "/a/", "MACHINE", "CFR");
   ASSERT_TRUE(writer_.WriteConfigFile({}, original, "/a/new.cfm").Result);
   EXPECT_EQ(files_.Get("/a/new.cfm"),
             "% Creation date/time: 2026-03-07, 09:05:02\r\n% \r\n% TintBench version 1.2\r\n% \r\n"
-            "% Original configuration was\r\n% /a/MACHINE.CFR( 2026-02-01, 10:11:12 )\r\n\r\n"
+            "% Original configuration was\r\n% /a/MACHINE.CFR( 2000-01-01, 00:00:00 )\r\n\r\n"
             "@ECS 1\r\n@PDD 1\r\n");
-}
-
-TEST_F(ConfigStore, ANameHasItsFilesTimeStamp) {
-  const testing::ScratchFolder folder;
-  const base::StandardFileSystem files;
-  folder.Put("m.cfg", "");
-  for (const char* stem : {"m", "missing"}) {
-    const ConfigName name = NamedConfig(files, folder.Path(), stem, "cfg");
-    EXPECT_EQ(name.Date.size() + name.Time.size(), name.Stem == "m" ? 18U : 0U);
-  }
 }
 
 TEST_F(ConfigStore, KeepsWhatItKnowsOfSlave1InTheOrderOfTheTables) {
@@ -88,27 +61,14 @@ TEST_F(ConfigStore, EveryTableComesBackFromItsFile) {
   for (const config::ConfigTable& table : config::kConfigTables) {
     const std::string line =
         std::string(table.Tag) + " 1 " + CreateParms(table.Parameters, "7") + "\r\n";
-    const std::string opening = table.Group == ConfigGroup::kStandard ? "@ICS 1\r\n" : "";
+    const std::string opening = table.Group == Group::kStandard ? "@ICS 1\r\n" : "";
     EXPECT_EQ(Saved(line), opening + line + "@ECS 1\r\n@PDD 1\r\n");
   }
   EXPECT_EQ(Saved(std::string(simulator::SampleConfiguration())), simulator::SampleConfiguration());
 }
 
-TEST_F(ConfigStore, RemovedElementsAreNotWrittenButOpenTheBlock) {
-  EditingModel model;
-  const TablePlace caps{ConfigGroup::kStandard, 4, 1};
-  for (const char* line : {"1,a", "2,b", "3,c"}) model.Append(caps, line);
-  model.Apply(*model.RemovingOrResuming({caps, 2}));
-  files_.Put("/a/x", "");
-  EXPECT_EQ(Written(model), "@ICS 1\r\n@TAP 1 1,a\r\n@TAP 1 3,c\r\n@ECS 1\r\n@PDD 1\r\n");
-  for (const int element : {1, 3}) model.Apply(*model.RemovingOrResuming({caps, element}));
-  EXPECT_EQ(Written(model), "@ICS 1\r\n@ECS 1\r\n@PDD 1\r\n");
-}
-
 TEST_F(ConfigStore, FillsNothingUnlessTwoCommasMeet) {
-  const TablePlace gen{ConfigGroup::kStandard, 1, 1};
-  const TablePlace ta3{ConfigGroup::kAdvanced, 1, 1};
-  const TablePlace lin{ConfigGroup::kIndustrial, 2, 1};
+  const TablePlace ta3{Group::kAdvanced, 1, 1};
   struct {
     TablePlace At;
     const char* Line;
@@ -116,15 +76,15 @@ TEST_F(ConfigStore, FillsNothingUnlessTwoCommasMeet) {
     int Count;
     bool Sendable;  // the file passes the check for empty parameters
   } const cases[] = {
-      {gen, ",1,0", ",1,0", 0, false},
-      {gen, "16,1,0,", "16,1,0,", 0, false},
+      {kGen, ",1,0", ",1,0", 0, false},
+      {kGen, "16,1,0,", "16,1,0,", 0, false},
       {ta3, ",", ",", 0, false},
       {ta3, "", "", 0, true},
-      {gen, "16,,0,", "16,1,0,0", 2, true},
-      {gen, ",,", "16,1,16", 3, true},
-      {gen, " 5 , ,,,1,1,1,1,1,,", "5,1,16,0,1,1,1,1,1,\"\",0", 5, true},
-      {gen, "1,1,1,1,1,1,1,1,1,1,1,,2", "1,1,1,1,1,1,1,1,1,1,1,,2", 1, false},
-      {lin, "1,,,", "1,,,", 3, false},
+      {kGen, "16,,0,", "16,1,0,0", 2, true},
+      {kGen, ",,", "16,1,16", 3, true},
+      {kGen, " 5 , ,,,1,1,1,1,1,,", "5,1,16,0,1,1,1,1,1,\"\",0", 5, true},
+      {kGen, "1,1,1,1,1,1,1,1,1,1,1,,2", "1,1,1,1,1,1,1,1,1,1,1,,2", 1, false},
+      {kLines, "1,,,", "1,,,", 3, false},
   };
   for (const auto& c : cases) {
     const FilledLine filled = FillEmptyFields(catalogue_, c.At, c.Line);
@@ -137,8 +97,7 @@ TEST_F(ConfigStore, FillsNothingUnlessTwoCommasMeet) {
 
 TEST_F(ConfigStore, FilesThatCannotBeReadLeaveTheModel) {
   EditingModel model;
-  const TablePlace gen{ConfigGroup::kStandard, 1, 1};
-  model.Append(gen, "1");
+  model.Append(kGen, "1");
   const std::string endless = "@GEN 1 " + std::string(5000, '1');
   std::string many;
   while (many.size() < 2 * config::ConfigReader::kFileLimit) many += endless.substr(0, 4000) + "\n";
@@ -152,15 +111,14 @@ TEST_F(ConfigStore, FilesThatCannotBeReadLeaveTheModel) {
   files_.Put("/a/x", line);
   files_.FailAt(2);
   EXPECT_EQ(LoadConfigFile(files_, "/a/x", model).Error(), "the file can't be read");
-  EXPECT_EQ(model.ElementLine({gen, 1}), "1");
+  EXPECT_EQ(model.ElementLine({kGen, 1}), "1");
   files_.Put("/a/x", std::string("\0|\xff@\n", 5) + line);
   EXPECT_TRUE(LoadConfigFile(files_, "/a/x", model));
-  EXPECT_EQ(model.ElementLine({gen, 1}), "2");
+  EXPECT_EQ(model.ElementLine({kGen, 1}), "2");
 }
 
 // What no reader would take is told before the old file is touched.
 TEST_F(ConfigStore, WritesNothingThatCannotBeReadAgain) {
-  const TablePlace cir{ConfigGroup::kStandard, 5, 1};
   const std::string longest(config::ConfigReader::kLineLimit - 7, 'x');
   struct {
     std::string Line;
@@ -176,7 +134,7 @@ TEST_F(ConfigStore, WritesNothingThatCannotBeReadAgain) {
   for (const auto& c : cases) {
     files_.Put("/a/new.cfm", "old");
     EditingModel model;
-    for (int i = 0; i < c.Elements; ++i) model.Append(cir, c.Line);
+    for (int i = 0; i < c.Elements; ++i) model.Append(kCircuits, c.Line);
     EXPECT_EQ(writer_.WriteConfigFile(model, {}, "/a/new.cfm").Result.Error(), c.Error);
     EXPECT_EQ(files_.Get("/a/new.cfm") == "old", *c.Error != '\0');
     EXPECT_TRUE(LoadConfigFile(files_, "/a/new.cfm", model));
@@ -186,7 +144,7 @@ TEST_F(ConfigStore, WritesNothingThatCannotBeReadAgain) {
 TEST_F(ConfigStore, AFailingDiskLeavesTheOldFileOrTheNewOne) {
   const testing::ScratchFolder folder;
   EditingModel model;
-  model.Append({ConfigGroup::kAdvanced, 3, 1}, "0");
+  model.Append(kStirringTimes, "0");
   testing::UnderEachDiskFault([&](testing::FailingFileSystem& files) {
     folder.Put("m.cfm", "old");
     const ConfigWriter writer{files, clock_, identity_, catalogue_};

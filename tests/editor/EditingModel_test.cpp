@@ -5,40 +5,12 @@
 #include <map>
 #include <random>
 
-#include "base/MemoryFileSystem.h"
 #include "base/Text.h"
-#include "editor/ConfigDocument.h"
+#include "editor/EditorBench.h"
 #include "editor/ParameterRows.h"
 
 namespace tintbench::editor {
 namespace {
-
-using config::ConfigGroup;
-
-constexpr TablePlace kShelf{ConfigGroup::kStandard, 3, 1};
-constexpr TablePlace kCaps{ConfigGroup::kStandard, 4, 1};
-constexpr TablePlace kStirringTimes{ConfigGroup::kAdvanced, 3, 2};
-
-TEST(EditingModel, PlacesThatDoNotExistHoldAndTakeNothing) {
-  EditingModel model;
-  model.Append(kCaps, "1,2");
-  for (const TablePlace& table : {TablePlace{ConfigGroup::kStandard, 0, 1},
-                                  {ConfigGroup::kAdvanced, 7, 1},
-                                  {ConfigGroup::kStandard, 4, 0},
-                                  {ConfigGroup::kStandard, 4, 17}}) {
-    model.Append(table, "1");
-    EXPECT_EQ(model.ElementCount(table), 0);
-    EXPECT_FALSE(model.Adding(table) || model.Storing({{table, 1}, 1}, "x"));
-  }
-  for (const int element : {0, 2, -1}) {
-    const ElementPlace at{kCaps, element};
-    EXPECT_EQ(model.ElementLine(at), "");
-    EXPECT_FALSE(model.IsRemoved(at) || model.RemovingOrResuming(at) ||
-                 model.Storing({at, 1}, "x"));
-  }
-  EXPECT_FALSE(model.Storing({{kCaps, 1}, 3}, "x")) << "the line has no such field";
-  EXPECT_FALSE(model.Storing({{kShelf, 2}, 1}, "x")) << "the first edit makes the first element";
-}
 
 // The same table told as the file tells it: all lines as one text, all states as another.
 struct PlainCell {
@@ -70,7 +42,7 @@ struct PlainCell {
   friend bool operator==(const PlainCell&, const PlainCell&) = default;
 };
 
-class RandomEdits : public ::testing::Test {
+class RandomEdits : public testing::EditorBench {
  protected:
   using PlainModel = std::map<TablePlace, PlainCell>;
 
@@ -154,14 +126,8 @@ class RandomEdits : public ::testing::Test {
     }
   }
 
-  const TablePlace kTables[4] = {kShelf, kCaps, kStirringTimes, {ConfigGroup::kIndustrial, 2, 1}};
+  const TablePlace kTables[4] = {kCaps, kStirringTimes, kLines, {Group::kStandard, 3, 2}};
   std::mt19937 random_{20261123};
-  testing::MemoryFileSystem files_;
-  const base::VirtualClock clock_;
-  const base::AppIdentity identity_ = base::MakeIdentity("TintBench", "1.2.3");
-  const config::SelectorCatalogue selectors_;
-  const config::ParameterCatalogue catalogue_{selectors_};
-  ConfigDocument document_{{files_, clock_, identity_, catalogue_}};
   PlainModel plain_;
   std::vector<PlainModel> past_;
   std::vector<PlainModel> future_;

@@ -1,26 +1,14 @@
 #include "editor/ParameterEdit.h"
 
-#include <gtest/gtest.h>
-
 #include "base/Text.h"
 #include "editor/Conflicts.h"
+#include "editor/EditorBench.h"
 #include "editor/HelpText.h"
 #include "editor/ParameterMarks.h"
 #include "editor/ParameterRows.h"
 
 namespace tintbench::editor {
 namespace {
-
-using config::ConfigGroup;
-
-TEST(ParameterEdit, UnknownLimitsStillHaveAnEditor) {
-  EXPECT_EQ(ChooseEditor("81").Kind, EditorKind::kSelector);
-  for (const char* selector : {"", "0_5", "UM_3", "-1"}) {
-    const EditorChoice choice = ChooseEditor(selector);
-    EXPECT_EQ(choice.Kind, EditorKind::kMask) << selector;
-    EXPECT_TRUE(choice.IsTextLocked() && choice.Prompt.empty() && !choice.HasAuxiliary);
-  }
-}
 
 TEST(ParameterEdit, RangesHoldTheirEdges) {
   struct {
@@ -135,7 +123,7 @@ TEST(ParameterMarks, ASelectorMarksTheRowOfItsValue) {
   EXPECT_EQ(help[36], "Line [ 4 ]  DISPENSER_BUSY: ---> no associated time.");
 }
 
-class ParameterRows : public ::testing::Test {
+class ParameterRows : public testing::EditorBench {
  protected:
   EditParms Parms(const TablePlace& at, int parameter) {
     return EditParmsOf(model_, catalogue_, {{at, 1}, parameter});
@@ -149,25 +137,19 @@ class ParameterRows : public ::testing::Test {
     return std::string(model.ElementLine({at, 1}));
   }
 
-  const TablePlace gen_{ConfigGroup::kStandard, 1, 1};
-  const TablePlace cir_{ConfigGroup::kStandard, 5, 1};
-  const TablePlace tda_{ConfigGroup::kAdvanced, 3, 1};
-  const TablePlace bx2_{ConfigGroup::kAdvanced, 6, 1};
-  const TablePlace lin_{ConfigGroup::kIndustrial, 2, 1};
-  const TablePlace ian_{ConfigGroup::kIndustrial, 5, 1};
-  const config::SelectorCatalogue selectors_;
-  const config::ParameterCatalogue catalogue_{selectors_};
+  const TablePlace kOutputs{Group::kAdvanced, 6, 1};
+  const TablePlace kInputs{Group::kIndustrial, 5, 1};
   EditingModel model_;
 };
 
 TEST_F(ParameterRows, RowsTellValuesAndWhatFillsEmptyOnes) {
-  model_.Append(gen_, "16,,0,\"a\"");
+  model_.Append(kGen, "16,,0,\"a\"");
   std::string rows;
   for (const int parameter : {1, 2, 4, 10}) {
-    rows += RowText(model_, catalogue_, {{gen_, 1}, parameter}) + ";";
+    rows += RowText(model_, catalogue_, {{kGen, 1}, parameter}) + ";";
   }
   EXPECT_EQ(rows, "16;[empty] def=1;\"a\";[empty] def=\"\";");
-  EXPECT_EQ(RowText(model_, catalogue_, {{cir_, 1}, 1}), "[empty] def=?");
+  EXPECT_EQ(RowText(model_, catalogue_, {{kCircuits, 1}, 1}), "[empty] def=?");
   std::string values;
   for (const char* row : {"16", "\"a b\"", "\"", "\"\"", "a\"", "\"\"a\"\"", "[empty] def=\"\""}) {
     values += ListRowValue(std::string(kRowSign) + row) + ";";
@@ -176,22 +158,22 @@ TEST_F(ParameterRows, RowsTellValuesAndWhatFillsEmptyOnes) {
 }
 
 TEST_F(ParameterRows, TheEditorIsToldWhatAValueBelongsTo) {
-  model_.Append(bx2_, "0,18,0001,3");
-  model_.Append(lin_, "2,4,0002,10");
-  model_.Append(ian_, "1,0,\"BAR\",0,10,5,1,8");
+  model_.Append(kOutputs, "0,18,0001,3");
+  model_.Append(kLines, "2,4,0002,10");
+  model_.Append(kInputs, "1,0,\"BAR\",0,10,5,1,8");
   const struct {
     TablePlace At;
     int Parameter;
     const char* Auxiliary;
   } cases[] = {
-      {gen_, 1, ""},
-      {bx2_, 3, "BRIXEL2 card address associated ( invalid=7 )=3;=;"},
-      {lin_, 4,
+      {kGen, 1, ""},
+      {kOutputs, 3, "BRIXEL2 card address associated ( invalid=7 )=3;=;"},
+      {kLines, 4,
        "PLC-line type = END_FORMULA  [see table]=2;"
        "Brixel2 address for the PLC-line ( 0..6, 8..15, 7=invalid )=4;"},
-      {lin_, 1, ""},
-      {ian_, 8, "Unit of measure=BAR;"},
-      {ian_, 10, "Check of compared edge ( 0=check_disabled, 1=check_enabled )=;"},
+      {kLines, 1, ""},
+      {kInputs, 8, "Unit of measure=BAR;"},
+      {kInputs, 10, "Check of compared edge ( 0=check_disabled, 1=check_enabled )=;"},
   };
   for (const auto& c : cases) {
     std::string shown;
@@ -200,38 +182,38 @@ TEST_F(ParameterRows, TheEditorIsToldWhatAValueBelongsTo) {
     }
     EXPECT_EQ(shown, c.Auxiliary);
   }
-  const EditParms unit = Parms(ian_, 3);
+  const EditParms unit = Parms(kInputs, 3);
   EXPECT_EQ(unit.Value + unit.Limits + unit.Selector + unit.Conflicts, "BAR.,c1,c3.");
-  EXPECT_EQ(Parms(gen_, 10).Value, "");
+  EXPECT_EQ(Parms(kGen, 10).Value, "");
 }
 
 TEST_F(ParameterRows, TextsKeepTheirQuotes) {
-  model_.Append(gen_, "16,\"1\",,");
-  model_.Append(tda_, "1");
+  model_.Append(kGen, "16,\"1\",,");
+  model_.Append(kStirringTimes, "1");
   const struct {
     TablePlace At;
     int Parameter;
     const char* Value;
     const char* Line;
   } cases[] = {
-      {gen_, 1, "5", "5,\"1\",,"},     {gen_, 2, "5", "16,\"5\",,"},
-      {gen_, 3, "5", "16,\"1\",5,"},   {gen_, 4, "5", "16,\"1\",,5"},
-      {gen_, 10, "5", "lost"},         {gen_, 1, "16", "lost"},
-      {gen_, 1, "a,b", "a,b,\"1\",,"}, {tda_, 1, "", "lost"},
-      {tda_, 1, "a|b", "a"},           {ian_, 3, "BAR", ",,\"BAR\",,,,,,,,,"},
-      {ian_, 1, "4", "4,,,,,,,,,,,"},
+      {kGen, 1, "5", "5,\"1\",,"},       {kGen, 2, "5", "16,\"5\",,"},
+      {kGen, 3, "5", "16,\"1\",5,"},     {kGen, 4, "5", "16,\"1\",,5"},
+      {kGen, 10, "5", "lost"},           {kGen, 1, "16", "lost"},
+      {kGen, 1, "a,b", "a,b,\"1\",,"},   {kStirringTimes, 1, "", "lost"},
+      {kStirringTimes, 1, "a|b", "a"},   {kInputs, 3, "BAR", ",,\"BAR\",,,,,,,,,"},
+      {kInputs, 1, "4", "4,,,,,,,,,,,"},
   };
   for (const auto& c : cases) EXPECT_EQ(Stored(c.At, c.Parameter, c.Value), c.Line) << c.Value;
 }
 
 TEST_F(ParameterRows, OnlyNumbersOfElementsInUseConflict) {
-  EXPECT_EQ(GetConflicts(model_, cir_, 1), "");
-  for (const char* line : {"1,x", "2,x", "03,x", ",x"}) model_.Append(cir_, line);
-  model_.Append(gen_, "1,2");
-  model_.Apply(*model_.RemovingOrResuming({cir_, 2}));
-  EXPECT_EQ(GetConflicts(model_, cir_, 1), "1,03,,");
-  EXPECT_EQ(GetConflicts(model_, cir_, 2), "");
-  EXPECT_EQ(GetConflicts(model_, gen_, 1), "");
+  EXPECT_EQ(GetConflicts(model_, kCircuits, 1), "");
+  for (const char* line : {"1,x", "2,x", "03,x", ",x"}) model_.Append(kCircuits, line);
+  model_.Append(kGen, "1,2");
+  model_.Apply(*model_.RemovingOrResuming({kCircuits, 2}));
+  EXPECT_EQ(GetConflicts(model_, kCircuits, 1), "1,03,,");
+  EXPECT_EQ(GetConflicts(model_, kCircuits, 2), "");
+  EXPECT_EQ(GetConflicts(model_, kGen, 1), "");
 }
 
 }  // namespace
