@@ -87,7 +87,7 @@ TEST(ParameterMarks, AddressesAndFunctionsAreMarkedRows) {
     const char* Value;
     const char* Read;
   } addresses[] = {{"", ""},      {"0102FF", "0102"}, {"200A01", "010A20"},
-                   {"210G1", ""}, {"0f1", "0F"},      {"0101", "01"}};
+                   {"211G1", ""}, {"0f1", "0F"},      {"0101", "01"}};
   for (const auto& c : addresses) {
     EXPECT_EQ(ReadGroupAddresses(ShowGroupAddresses(c.Value)), c.Read) << c.Value;
   }
@@ -201,7 +201,7 @@ TEST_F(ParameterRows, TextsKeepTheirQuotes) {
       {kGen, 10, "5", "lost"},           {kGen, 1, "16", "lost"},
       {kGen, 1, "a,b", "a,b,\"1\",,"},   {kStirringTimes, 1, "", "lost"},
       {kStirringTimes, 1, "a|b", "a"},   {kInputs, 3, "BAR", ",,\"BAR\",,,,,,,,,"},
-      {kInputs, 1, "4", "4,,,,,,,,,,,"},
+      {kInputs, 1, "4", "4,,,,,,,,,,,"}, {kInputs, 13, "4", ",,,,,,,,,,,"},
   };
   for (const auto& c : cases) EXPECT_EQ(Stored(c.At, c.Parameter, c.Value), c.Line) << c.Value;
 }
