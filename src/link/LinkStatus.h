@@ -28,6 +28,8 @@ inline constexpr const char* kNoFirmware = "-1";
 struct LinkStatus {
   int LinkState = kPortClosed;
   int ConfigSource = kNoConfig;
+  // What link-up was stopped by, and what to do about it, if more is known than the state tells.
+  std::string Problem;
   std::string ConfigFileName;                 // the configuration in use; empty: none
   std::string FirmwareVersion = kNoFirmware;  // as the machine told it
 

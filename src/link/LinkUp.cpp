@@ -35,12 +35,15 @@ bool LinkUp::IsMaster() const { return serialMode_ == kMasterMode; }
 int LinkUp::LinkMachine(std::string& port, std::string& settings) {
   parts_.Status.FirmwareVersion = kNoFirmware;
   parts_.Status.ConfigFileName.clear();
+  parts_.Status.Problem.clear();
   if (port == kDisconnect && settings == kDisconnect) {
     parts_.View.ShowPort(kNoPortCaption);
     parts_.Ports.CloseComPort();
     parts_.Status.ConfigSource = kNoConfig;
     SettleConfiguration();
   } else {
+    againPort_ = port;
+    againSettings_ = settings;
     Connect(port, settings);
     TellOperator();
   }
@@ -49,12 +52,22 @@ int LinkUp::LinkMachine(std::string& port, std::string& settings) {
   return parts_.Status.LinkState;
 }
 
+int LinkUp::LinkAgain() {
+  std::string port = againPort_;
+  std::string settings = againSettings_;
+  return LinkMachine(port, settings);
+}
+
 void LinkUp::Connect(std::string& port, std::string& settings) {
   const bool automatic = port.empty() && settings.empty() && !TakePortKey(port, settings);
   if (port.empty()) port = parts_.Ports.FirstPort();
   if (settings.empty()) settings = IsMaster() ? kMasterSettings : kServiceSettings;
   TryPort(port, settings);
   if (automatic) WalkPorts(port, settings);
+  if (parts_.Status.LinkState >= kMachineHeard) {
+    againPort_ = ComPort::FormatPortNumber(parts_.Port.CommPort());
+    againSettings_ = parts_.Port.Settings();
+  }
   if (parts_.Status.ConfigSource == kNoConfig &&
       config::ExecuteConfigKnown(parts_.Files, paths_.DefaultConfigFile(), kFirstSlave,
                                  parts_.Facts)) {
@@ -123,8 +136,10 @@ int LinkUp::LinkMachineLoop(const std::string& port, const std::string& settings
 }
 
 bool LinkUp::OpenAndStartService(const std::string& port, const std::string& settings) {
-  if (!parts_.Ports.OpenComPort(port, settings)) return false;
-  return !IsMaster() || StartMasterService(port);
+  const bool open =
+      parts_.Ports.OpenComPort(port, settings) && (!IsMaster() || StartMasterService(port));
+  if (!open) parts_.Status.Problem = parts_.Port.LastProblem();
+  return open;
 }
 
 // The machine's own answer is of no consequence here: what counts is the version that follows.
@@ -148,9 +163,19 @@ bool LinkUp::ExecuteConfigRead() {
   parts_.Port.Output("#cr*");
   if (!parts_.Port.WaitForInput(kLetterTimeout)) return false;
   if (base::ToUpper(parts_.Port.Input()) != "A" && !anyAnswerWill) return false;
-  if (parts_.Transfer.XmodemReceiveQuiet(paths_.ReceivedConfigFile()) != 0) return false;
+  if (parts_.Transfer.XmodemReceiveQuiet(paths_.ReceivedConfigFile()) != kXmodemSuccessful) {
+    TellUnkeptFile(parts_.Transfer.State().Problem);
+    return false;
+  }
   if (!parts_.Port.WaitForInput(kLetterTimeout)) return false;
   return base::ToUpper(parts_.Port.Input()) == "K" || anyAnswerWill;
+}
+
+void LinkUp::TellUnkeptFile(const std::string& reason) {
+  if (reason.empty()) return;
+  parts_.Status.Problem = "the machine's configuration can't be kept in " + paths_.AppPath() +
+                          ": " + reason +
+                          ". Make room, or start with another data folder (--data-dir)";
 }
 
 void LinkUp::SettleConfiguration() {

@@ -58,6 +58,9 @@ class LinkUp {
   // "-1": disconnects. The arguments tell afterwards what was used.
   int LinkMachine(std::string& port, std::string& settings);
 
+  // Links up once more as it was asked for last, and on the very port if a machine was heard there.
+  int LinkAgain();
+
   // The menu lines on the configuration and the firmware in use.
   void ShowCurrentVersions();
 
@@ -71,6 +74,7 @@ class LinkUp {
   bool StartMasterService(const std::string& port);
   bool ReadMachineVersion();
   bool ExecuteConfigRead();
+  void TellUnkeptFile(const std::string& reason);
   void SettleConfiguration();
   void TellOperator();
   bool IsMaster() const;
@@ -79,6 +83,9 @@ class LinkUp {
   base::AppPaths paths_;
   std::string serialMode_;
   std::string portKey_;
+  // The arguments of the next LinkAgain.
+  std::string againPort_;
+  std::string againSettings_;
 };
 
 }  // namespace tintbench::link

@@ -28,6 +28,10 @@ class SerialPort {
   // only: nothing goes on the line.
   virtual bool DevicePresent() const { return true; }
 
+  // Why the port couldn't be opened when that was tried last, and what to do about it, in a line;
+  // empty if it could, or if nothing is known.
+  virtual std::string LastProblem() const { return {}; }
+
   // Opens the port `CommPort` with `Settings`, or closes it. False if it can't be opened, or if
   // it is open already; closing always succeeds. Both buffers start empty.
   virtual bool PortOpen(bool open) = 0;

@@ -26,7 +26,7 @@ int XmodemReceiver::Run() {
   if (status != kXmodemSuccessful) return status;
   base::FileResult opened;
   file_ = session_.Files.OpenToWrite(session_.TempFile, base::WriteMode::kCreate, opened);
-  if (file_ == nullptr) return session_.Cancel(kXmodemUnwritable);
+  if (!IsKept(opened) || file_ == nullptr) return session_.Cancel(kXmodemUnwritable);
   session_.Report.ReportStatus(kXmodemStarted);
   return ReceiveBlocks(header);
 }
@@ -134,7 +134,7 @@ int XmodemReceiver::KeepBlock() {
   XmodemState& state = session_.State;
   if (state.BlockNumber == expected_) {
     lastGood_ = expected_++;
-    if (!file_->Write(state.BlockData)) return session_.Cancel(kXmodemUnwritable);
+    if (!IsKept(file_->Write(state.BlockData))) return session_.Cancel(kXmodemUnwritable);
     session_.CountBlock();
     session_.Report.ReportStatus(kXmodemProgress,
                                  {.Block = state.TransferredBlocks,
@@ -161,17 +161,23 @@ bool XmodemReceiver::DrainLine() {
 
 int XmodemReceiver::Finish() {
   // Before the acknowledgement: as long as it is missing the sender knows that we don't have it.
-  if (!file_->Close()) return session_.Cancel(kXmodemUnwritable);
+  if (!IsKept(file_->Close())) return session_.Cancel(kXmodemUnwritable);
   session_.Line.SendChar(kXmodemAck);
   return PutInPlace() ? kXmodemSuccessful : kXmodemUnwritable;
 }
 
+// Notes why a step of keeping the file failed.
+bool XmodemReceiver::IsKept(const base::FileResult& result) {
+  if (!result) session_.State.Problem = result.Error();
+  return static_cast<bool>(result);
+}
+
 bool XmodemReceiver::PutInPlace() {
   const std::string& target = session_.State.FileName;
-  if (!session_.Files.SyncToDevice(session_.TempFile)) return false;
+  if (!IsKept(session_.Files.SyncToDevice(session_.TempFile))) return false;
   // Between two devices there is no renaming.
   if (!session_.Files.Rename(session_.TempFile, target)) return CopyInPlace();
-  return static_cast<bool>(base::SyncFolderOf(session_.Files, target));
+  return IsKept(base::SyncFolderOf(session_.Files, target));
 }
 
 bool XmodemReceiver::CopyInPlace() {
@@ -180,9 +186,9 @@ bool XmodemReceiver::CopyInPlace() {
   base::ReplacementFile copy(session_.Files, session_.State.FileName);
   std::array<char, kCopySize> buffer{};
   while (const std::size_t count = source->Read(buffer.data(), buffer.size())) {
-    if (!copy.Write({buffer.data(), count})) return false;
+    if (!IsKept(copy.Write({buffer.data(), count}))) return false;
   }
-  if (source->Failed() || !copy.Commit()) return false;
+  if (source->Failed() || !IsKept(copy.Commit())) return false;
   std::ignore = session_.Files.Delete(session_.TempFile);
   return true;
 }

@@ -38,6 +38,7 @@ class XmodemReceiver {
   int KeepBlock();
   bool DrainLine();
   int Finish();
+  bool IsKept(const base::FileResult& result);
   bool PutInPlace();
   bool CopyInPlace();
 

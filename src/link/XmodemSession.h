@@ -30,6 +30,7 @@ struct XmodemState {
   std::int64_t TransferredBytes = 0;
   int Percent = 0;
   std::string FileName;
+  std::string Problem;  // why the file couldn't be kept here, in words
 };
 
 class XmodemSession {

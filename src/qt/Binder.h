@@ -32,7 +32,10 @@ class RowList;
 
 void Bind(ui::Label& control, QLabel& widget);
 void Bind(ui::TextBox& control, QLineEdit& widget);
-void Bind(ui::TextBox& control, QPlainTextEdit& widget);
+// How a long text is read: a new one from its start and a growing one at its end, or each at the
+// place where the operator is.
+enum class Reading { FollowsTheEnd, KeepsItsPlace };
+void Bind(ui::TextBox& control, QPlainTextEdit& widget, Reading reading = Reading::FollowsTheEnd);
 void Bind(ui::RichTextBox& control, QPlainTextEdit& widget);
 // The binding is for a view that shows more of the control.
 Binding& Bind(ui::Button& control, QPushButton& widget);
@@ -42,7 +45,7 @@ void Bind(ui::ListBox& control, RowList& widget);
 void Bind(ui::ComboBox& control, QComboBox& widget);
 void Bind(ui::TabStrip& control, QTabBar& widget);
 void Bind(ui::Frame& control, QGroupBox& widget);
-void Bind(ui::Frame& control, QFrame& widget);  // shows no caption
+Binding& Bind(ui::Frame& control, QFrame& widget);  // shows no caption
 void Bind(ui::ProgressBar& control, QProgressBar& widget);
 void Bind(ui::StatusBar& control, QStatusBar& widget);
 void Bind(ui::PictureBox& control, PictureWidget& widget);

@@ -64,9 +64,10 @@ void Bind(ui::Frame& control, QGroupBox& widget) {
   binding->Follow({&control.Caption}, [&] { widget.setTitle(ToQt(control.Caption.Get())); });
 }
 
-void Bind(ui::Frame& control, QFrame& widget) {
+Binding& Bind(ui::Frame& control, QFrame& widget) {
   auto* const binding = new Binding(control, widget);
   binding->PressAnywhere();
+  return *binding;
 }
 
 void Bind(ui::ProgressBar& control, QProgressBar& widget) {

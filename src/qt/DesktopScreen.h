@@ -32,6 +32,9 @@ class DesktopScreen final : public ui::Screen {
   std::optional<std::string> Ask(const ui::Question& question) override;
   std::optional<std::string> Ask(const ui::FileRequest& request) override;
 
+  // The toolkit tells what waits only by serving it.
+  bool OperatorMayWait() const override { return true; }
+
   // In logical pixels of the menus' font, the same for all forms.
   double TextWidth(const ui::Form& form, std::string_view text) const override;
 

@@ -52,6 +52,9 @@ QLayout* MakeLinkColumn(ui::Form& form, QWidget& view) {
     state->setFont(ScaledFont(view, 1.2, true));
     state->setWordWrap(true);
   }
+  if (QLabel* const problem = AddLabel(form, "LblProblem", *column, view)) {
+    problem->setWordWrap(true);
+  }
   if (QLabel* const hint = AddLabel(form, "LblHint", *column, view)) {
     // The panels don't move when it comes and goes.
     QSizePolicy policy = hint->sizePolicy();

@@ -68,7 +68,8 @@ void MenuBinder::Entry::OwnerGone() {
 }
 
 void MenuBinder::Entry::Show() {
-  action_.setText(ToQt(control_->Caption.Get()));
+  const std::string& key = control_->KeyName;
+  action_.setText(ToQt(control_->Caption.Get() + (key.empty() ? "" : "\t" + key)));
   action_.setToolTip(ToQt(control_->ToolTipText.Get()));
   action_.setSeparator(control_->Caption.Get() == kSeparator);
   action_.setEnabled(control_->Enabled);

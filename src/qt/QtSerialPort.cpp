@@ -33,6 +33,8 @@ bool IsHarmless(QSerialPort::SerialPortError error) {
          error == QSerialPort::UnsupportedOperationError;
 }
 
+constexpr const char* kHeld = "another program has it: end that program first";
+
 std::string HeldBy(const std::string& holders, const std::string& otherwise) {
   return holders.empty() ? otherwise : "it is held by " + holders + ": end that program first";
 }
@@ -88,12 +90,16 @@ bool QtSerialPort::PortOpen(bool open) {
 
 bool QtSerialPort::Open() {
   const std::string device = ports_.Device(number_);
-  if (device.empty()) return false;
+  if (device.empty()) {
+    problem_ = "no device is known as port " + std::to_string(number_);
+    return false;
+  }
   openNumber_ = number_;
-  std::string problem;
-  if (!TryToOpen(device, problem)) {
+  problem_ = TryToOpen(device);
+  if (!problem_.empty()) {
     Close();
-    if (!problem.empty()) Tell(Name(number_) + " can't be opened: " + problem);
+    problem_ = Name(number_) + " can't be opened: " + problem_;
+    if (IsWorthTelling(device)) Tell(problem_);
     return false;
   }
   input_.clear();
@@ -102,28 +108,26 @@ bool QtSerialPort::Open() {
   return true;
 }
 
-// Gives a problem that the operator should hear of, if there is one.
-bool QtSerialPort::TryToOpen(const std::string& device, std::string& problem) {
-  problem = DeviceProblem(device);
-  if (!problem.empty()) return false;
+// A system also lists ports that no hardware stands behind.
+bool QtSerialPort::IsWorthTelling(const std::string& device) const {
+  return serial_.error() == QSerialPort::NoError || ports_.IsGiven(number_) ||
+         !DeviceHolders(device).empty();
+}
+
+// Gives what stands in the way; nothing if the port is open.
+std::string QtSerialPort::TryToOpen(const std::string& device) {
+  serial_.clearError();
+  std::string problem = DeviceProblem(device);
+  if (!problem.empty()) return problem;
   serial_.setPortName(QString::fromStdString(device));
   serial_.setReadBufferSize(inBufferSize_);
   if (!serial_.open(QIODevice::ReadWrite)) {
-    const std::string holders = DeviceHolders(device);
-    // A system also lists ports that no hardware stands behind.
-    const bool worthTelling = ports_.IsGiven(number_) || !holders.empty();
-    if (worthTelling) problem = HeldBy(holders, serial_.errorString().toStdString());
-    return false;
+    // The rights have been looked at already.
+    const bool held = serial_.error() == QSerialPort::PermissionError;
+    return HeldBy(DeviceHolders(device), held ? kHeld : serial_.errorString().toStdString());
   }
-  if (!Reserve()) {
-    problem = HeldBy(DeviceHolders(device), "another program has it");
-    return false;
-  }
-  if (!Apply(settings_)) {
-    problem = BadSettings(settings_);
-    return false;
-  }
-  return true;
+  if (!Reserve()) return HeldBy(DeviceHolders(device), kHeld);
+  return Apply(settings_) ? std::string() : BadSettings(settings_);
 }
 
 bool QtSerialPort::Apply(const std::string& text) {

@@ -28,6 +28,7 @@ class QtSerialPort final : public link::SerialPort {
   std::string Settings() const override { return settings_; }
   void Settings(const std::string& settings) override;
   bool DevicePresent() const override;
+  std::string LastProblem() const override { return problem_; }
   bool PortOpen() const override { return serial_.isOpen(); }
   bool PortOpen(bool open) override;
   int InBufferSize() const override { return inBufferSize_; }
@@ -43,7 +44,8 @@ class QtSerialPort final : public link::SerialPort {
 
  private:
   bool Open();
-  bool TryToOpen(const std::string& device, std::string& problem);
+  std::string TryToOpen(const std::string& device);
+  bool IsWorthTelling(const std::string& device) const;
   bool Apply(const std::string& settings);
   bool Reserve();
   void Close();
@@ -58,6 +60,7 @@ class QtSerialPort final : public link::SerialPort {
   PortTable ports_;
   Report report_;
   std::set<std::string> told_;
+  std::string problem_;
   QSerialPort serial_;
   int number_ = 1;
   int openNumber_ = 0;  // the number that the port was opened under

@@ -1,5 +1,6 @@
 #include "qt/SensorPanelView.h"
 
+#include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QLabel>
@@ -168,7 +169,7 @@ void FillStatusPanel(ui::Form& form, int panel, Card& card) {
   auto* const texts = form.Find<ui::TextBox>("ErText1");
   if (texts == nullptr) return card.Body().addStretch();
   auto* const widget = new ErrorTexts(&card);
-  Bind(*texts, *widget);
+  Bind(*texts, *widget, Reading::KeepsItsPlace);
   card.Body().addWidget(widget, 1);
 }
 
@@ -195,6 +196,21 @@ void AddTitle(ui::Form& form, int panel, Card& card) {
   card.Body().addWidget(title);
 }
 
+// What is old is drawn pale: sensors, lamps and errors, but not what the panel says of itself.
+void FadeWith(const ui::Frame& frame, Binding& binding, const Card& card) {
+  constexpr double kPale = 0.5;
+  for (QWidget* content : card.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if (qobject_cast<QAbstractScrollArea*>(content) == nullptr &&
+        dynamic_cast<PictureWidget*>(content) == nullptr) {
+      continue;
+    }
+    auto* const effect = new QGraphicsOpacityEffect(content);
+    effect->setOpacity(kPale);
+    content->setGraphicsEffect(effect);
+    binding.Follow({&frame.Faded}, [&frame, effect] { effect->setEnabled(frame.Faded); });
+  }
+}
+
 PanelHead* MakeHead(ui::Button& button, int panel, QWidget& parent) {
   auto* const head = new PanelHead(&parent);
   Binding& binding = Bind(button, *head);
@@ -212,9 +228,10 @@ void AddSensorPanels(ui::Form& form, PanelArea& area) {
     auto* const button = form.Find<ui::Button>("CmdResize", panel);
     QWidget* const head = button == nullptr ? nullptr : MakeHead(*button, panel, area);
     auto* const card = new Card(&area);
-    Bind(*frame, static_cast<QFrame&>(*card));
+    Binding& binding = Bind(*frame, static_cast<QFrame&>(*card));
     AddTitle(form, panel, *card);
     kFillers.at(static_cast<std::size_t>(panel))(form, panel, *card);
+    FadeWith(*frame, binding, *card);
     area.Add(*frame, *card, button, head);
   }
 }

@@ -2,6 +2,7 @@
 
 #include "qt/Form1View.h"
 #include "qt/FormCommView.h"
+#include "qt/FormDbgView.h"
 #include "qt/SplashView.h"
 
 namespace tintbench::desktop {
@@ -9,6 +10,7 @@ namespace tintbench::desktop {
 void AddStandardViews(DesktopScreen& screen) {
   screen.AddView("Form1", MakeForm1View);
   screen.AddView("FormComm", MakeFormCommView);
+  screen.AddView("FormDbg", MakeFormDbgView);
   screen.AddView("frmSplsh", MakeSplashView);
 }
 

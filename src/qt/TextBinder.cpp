@@ -23,19 +23,27 @@ int LengthLimit(const ui::TextBox& control) {
   return std::max(control.MaxLength.Get(), static_cast<int>(control.Text->size()));
 }
 
-// Shows the text. One that only grows at its end, as reports do, is followed to its end.
-void ShowText(QPlainTextEdit& widget, const std::string& text) {
+// Shows the text. One that only grows at its end, as reports do, is followed to its end, unless the
+// operator's place in it counts for more.
+void ShowText(QPlainTextEdit& widget, const std::string& text, Reading reading) {
   const QString lines = ToQtLines(text);
   const QString shown = widget.toPlainText();
   if (lines == shown) return;
-  if (shown.isEmpty() || !lines.startsWith(shown)) {
+  QScrollBar& bar = *widget.verticalScrollBar();
+  const int place = bar.value();
+  const bool grows = !shown.isEmpty() && lines.startsWith(shown);
+  if (grows) {
+    QTextCursor end(widget.document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(lines.mid(shown.size()));
+  } else {
     widget.setPlainText(lines);
-    return;
   }
-  QTextCursor end(widget.document());
-  end.movePosition(QTextCursor::End);
-  end.insertText(lines.mid(shown.size()));
-  widget.verticalScrollBar()->setValue(widget.verticalScrollBar()->maximum());
+  if (reading == Reading::KeepsItsPlace) {
+    bar.setValue(place);
+  } else if (grows) {
+    bar.setValue(bar.maximum());
+  }
 }
 
 // Undoes typing beyond the limit.
@@ -70,12 +78,12 @@ void Bind(ui::TextBox& control, QLineEdit& widget) {
   });
 }
 
-void Bind(ui::TextBox& control, QPlainTextEdit& widget) {
+void Bind(ui::TextBox& control, QPlainTextEdit& widget, Reading reading) {
   auto* const binding = new Binding(control, widget);
   binding->WatchMouseOn(*widget.viewport());
   widget.setTabChangesFocus(true);
   widget.setUndoRedoEnabled(!control.Locked);
-  binding->Follow({&control.Text}, [&] { ShowText(widget, control.Text); });
+  binding->Follow({&control.Text}, [&, reading] { ShowText(widget, control.Text, reading); });
   binding->Follow({&control.Locked}, [&] { widget.setReadOnly(control.Locked); });
   QObject::connect(&widget, &QPlainTextEdit::textChanged, binding, [&, binding] {
     binding->Hand([&] {
@@ -92,7 +100,7 @@ void Bind(ui::RichTextBox& control, QPlainTextEdit& widget) {
   widget.setTabChangesFocus(true);
   widget.setReadOnly(true);
   widget.setUndoRedoEnabled(false);
-  binding->Follow({&control.Text}, [&] { ShowText(widget, control.Text); });
+  binding->Follow({&control.Text}, [&] { ShowText(widget, control.Text, Reading::FollowsTheEnd); });
 }
 
 void Bind(ui::StatusBar& control, QStatusBar& widget) {

@@ -21,31 +21,23 @@ constexpr int kGraphicStyles = 2;
 constexpr std::array<const char*, state::kPanels> kPanelTitles{"Input sensors", "Output sensors",
                                                                "Status", "Graphic I/O sensors"};
 
-std::string_view LinkWords(int linkState) {
-  constexpr std::array<std::string_view, 5> kWords{
-      "Serial port not open", "Port open, no machine heard",
-      "Machine heard, configuration not read", "Machine heard, its configuration is wrong",
-      "Machine linked, configuration known"};
-  return kWords.at(static_cast<std::size_t>(linkState));
-}
-
 }  // namespace
 
 Form1::Form1(const Form1Parts& parts)
     : ui::Form("Form1"),
       parts_(parts),
-      poll_({Timer1, CmdResize, Panels, LblHint, LblQuality}, parts.Screen.Time(), parts.Port,
+      poll_({Timer1, CmdResize, Panels, LblHint, LblQuality}, parts.Screen, parts.Port,
             parts.Commands, parts.Decoder, parts.Status),
       processes_(parts.Commands, parts.Status),
-      care_({LblLink, CmdReconnect}, parts.Port, parts.Ports, parts.Status,
+      care_({LblLink, LblProblem, CmdReconnect}, parts.Port, parts.Ports, parts.Status,
             [this] { LoseLink(); }) {
   Caption =
       parts.Identity.AppTitle + "  v. " + parts.Identity.AppMajor + "." + parts.Identity.AppMinor;
   WindowState = ui::kMaximisedWindow;
-  LblHint.Caption = "Polling is paused: press Esc or click in the window to go on.";
   LblHint.Visible = false;
   CmdReconnect.Caption = "&Connect again";
   CmdReconnect.Visible = false;
+  LblProblem.Visible = false;
   Picture1.Picture = state::kCardPicture;
   Picture1.Visible = false;
   FrmDbg.Caption = "I/O Debug ";
@@ -55,7 +47,7 @@ Form1::Form1(const Form1Parts& parts)
   TxtDbgIO.Prepare([](ui::TextBox& box, int) { box.Locked = true; });
   ConnectMenus();
   ConnectPanels();
-  TellKeys();
+  ConnectSensorMenu();
   RebuildGroupsMenu();
   MarkStyles();
 }
@@ -71,8 +63,11 @@ void Form1::ConnectPanels() {
   Panels.GRPicIOcard.MouseMove = [this](const ui::MouseEvent& event) {
     state::ShowSensorUnderPointer(Panels, event.X, event.Y, parts_.Status.FirmwareVersion);
   };
-  Timer1.Tick = [this] { poll_.Tick(); };
-  // The card has the focus until the operator wants to read the errors.
+  Timer1.Tick = [this] {
+    poll_.Tick();
+    care_.Silence(poll_.SilentSince());
+  };
+  // The card has the focus until the operator wants to read the errors, or goes about by Tab.
   Panels.ErText1.GotFocus = [this] { Panels.GRPicIOcard.Tag = ""; };
   Panels.GRPicIOcard.GotFocus = [this] { Panels.GRPicIOcard.Tag = kFocusWanted; };
   // A window in front may have the port closed and opened for reasons of its own.
@@ -110,20 +105,18 @@ void Form1::Form_KeyDown(ui::KeyEvent& key) {
     int Shift;
     std::function<void()> Do;
   };
-  const auto toggle = [this](int panel) {
-    if (CmdResize(panel).IsShown() && CmdResize(panel).IsUsable()) CmdResize(panel).Press();
-  };
   const std::array<KeyAction, 9> actions{{
       {'G', ui::kShift, [this] { StepGraphicStyle(); }},
       {'I', ui::kShift, [this] { StepSensorStyle(); }},
       {'O', ui::kShift, [this] { StepSensorStyle(); }},
-      {'I', ui::kCtrl, [&] { toggle(state::kInputPanel); }},
-      {'O', ui::kCtrl, [&] { toggle(state::kOutputPanel); }},
-      {'S', ui::kCtrl, [&] { toggle(state::kStatusPanel); }},
-      {'G', ui::kCtrl, [&] { toggle(state::kCardPanel); }},
+      {'I', ui::kCtrl, [this] { TogglePanel(state::kInputPanel); }},
+      {'O', ui::kCtrl, [this] { TogglePanel(state::kOutputPanel); }},
+      {'S', ui::kCtrl, [this] { TogglePanel(state::kStatusPanel); }},
+      {'G', ui::kCtrl, [this] { TogglePanel(state::kCardPanel); }},
       {'E', ui::kCtrl, [this] { Panels.ErText1.SetFocus(); }},
       {ui::kKeyEsc, 0, [this] { poll_.EventuallyRestartPolling(); }},
   }};
+  if (key.Code == ui::kKeyTab) Panels.GRPicIOcard.Tag = "";
   for (const KeyAction& action : actions) {
     if (action.Code != key.Code || action.Shift != key.Shift) continue;
     action.Do();
@@ -206,18 +199,24 @@ void Form1::CmdResize_MouseDown(int panel, const ui::MouseEvent& event) {
   if (panel == state::kCardPanel) StepGraphicStyle();
 }
 
-void Form1::StepSensorStyle() {
-  StepStyle(parts_.Styles.Sensor, kSensorStyles, {state::kInputPanel, state::kOutputPanel});
-}
+void Form1::StepSensorStyle() { ShowSensorStyle(parts_.Styles.Sensor.Value() % kSensorStyles + 1); }
 
 void Form1::StepGraphicStyle() {
-  StepStyle(parts_.Styles.Graphic, kGraphicStyles, {state::kCardPanel});
+  ShowGraphicStyle(parts_.Styles.Graphic.Value() % kGraphicStyles + 1);
 }
 
-void Form1::StepStyle(state::StyleRecord& style, int styles, std::initializer_list<int> panels) {
+void Form1::ShowSensorStyle(int wanted) {
+  ShowStyle(parts_.Styles.Sensor, wanted, {state::kInputPanel, state::kOutputPanel});
+}
+
+void Form1::ShowGraphicStyle(int wanted) {
+  ShowStyle(parts_.Styles.Graphic, wanted, {state::kCardPanel});
+}
+
+void Form1::ShowStyle(state::StyleRecord& style, int wanted, std::initializer_list<int> panels) {
   poll_.EventuallyStopPolling();
   parts_.Screen.Time().Sleep(kRelayPause);
-  style.Wanted = style.Value() % styles + 1;
+  style.Wanted = wanted;
   for (const int panel : panels) {
     state::ApplyPanelStyle(Panels, panel, parts_.Styles, parts_.Names);
   }
@@ -225,10 +224,15 @@ void Form1::StepStyle(state::StyleRecord& style, int styles, std::initializer_li
   poll_.EventuallyRestartPolling();
 }
 
+// As by its button, where that can be pressed.
+void Form1::TogglePanel(int panel) {
+  if (CmdResize(panel).IsShown() && CmdResize(panel).IsUsable()) CmdResize(panel).Press();
+}
+
 void Form1::ShowVersions(const std::string& configuration, const std::string& firmware) {
   MMnuGetconf.Caption = configuration;
   MMnuLoadfirmw.Caption = firmware;
-  LblLink.Caption = std::string(LinkWords(parts_.Status.LinkState));
+  care_.Show();
   LblLinkPort.Caption = MMnuSerPort.Caption;
   state::ShowSensorUnderPointer(Panels, -1, -1, parts_.Status.FirmwareVersion);
 }
@@ -244,6 +248,7 @@ void Form1::BuildSensorNames(bool configured) {
 
 void Form1::LoseLink() {
   poll_.GiveUp();
+  poll_.ForgetLine();
   parts_.Decoder.DecodeInputs(Panels, {});
   parts_.Decoder.DecodeOutputs(Panels, {});
   parts_.Decoder.DecodeStatus(Panels, {});
@@ -267,8 +272,9 @@ bool Form1::AnyLarge() {
 }
 
 void Form1::CmdReconnect_Click() {
-  LblLink.Caption = "Connecting to the machine ...";
+  care_.Begin();
   Occupy(true);
+  Refresh();
   parts_.Owner.LinkAgain();
   Occupy(false);
   SetAllMenu(!AnyLarge());

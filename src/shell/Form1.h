@@ -29,7 +29,7 @@ class MainWindowOwner {
   virtual void LoadMainWindow() = 0;
   virtual void EndMainWindow() = 0;
   virtual void BuildSensorNames(bool configured) = 0;
-  // Links up on the port that was lost, with its settings.
+  // Links up on the port that was lost, or as it was tried last.
   virtual void LinkAgain() = 0;
   // Sets the level and has the window mark it in its menu.
   virtual void SetDebugLevel(int level) = 0;
@@ -63,7 +63,7 @@ struct Form1 : ui::Form, link::LinkView {
   ui::Menu MnuMaint{*this, "MnuMaint", "M&aintenance"};
   ui::Menu MMnuMaint{MnuMaint, "MMnuMaint", "Maintenance Menu"};
   ui::Menu MMnuCommand{MnuMaint, "MMnuCommand", "Command Menu"};
-  // What this menu names is done by keys and by presses of the right button.
+  // What this menu names is done by keys and by presses of the right button as well.
   ui::Menu MnuIOmonitor{*this, "MnuIOmonitor", "&Sensor Monitoring"};
   ui::Menu WIOmode{MnuIOmonitor, "WIOmode", "Sensor display mode"};
   ui::Menu WButton{WIOmode, "WButton", "Button"};
@@ -87,8 +87,10 @@ struct Form1 : ui::Form, link::LinkView {
   ui::Menu MMnuksvdbg15{MnuKsvdbg, "MMnuksvdbg15", "Commands[ 15 ]"};
   ui::Menu MMnuksvdbgEdit{MnuKsvdbg, "MMnuksvdbgEdit", "Edit Level[ - ]"};
 
-  // How far the link has come, in words; and how to go on where the operator can do something.
+  // How far the link has come, in words; why not farther; and how to go on where the operator can
+  // do something.
   ui::Label LblLink{*this, "LblLink"};
+  ui::Label LblProblem{*this, "LblProblem"};
   ui::Label LblHint{*this, "LblHint"};
   ui::Button CmdReconnect{*this, "CmdReconnect"};
   ui::Label LblQuality{*this, "LblQuality"};
@@ -134,14 +136,17 @@ struct Form1 : ui::Form, link::LinkView {
   void ConnectMenus();
   void ConnectLevels();
   void ConnectPanels();
-  void TellKeys();
+  void ConnectSensorMenu();
   void FirstActivation();
   void PlacePanel(int panel, bool small);
   void CmdResize_Click(int panel);
   void CmdResize_MouseDown(int panel, const ui::MouseEvent& event);
   void StepSensorStyle();
   void StepGraphicStyle();
-  void StepStyle(state::StyleRecord& style, int styles, std::initializer_list<int> panels);
+  void ShowSensorStyle(int wanted);
+  void ShowGraphicStyle(int wanted);
+  void ShowStyle(state::StyleRecord& style, int wanted, std::initializer_list<int> panels);
+  void TogglePanel(int panel);
   void MarkStyles();
   void OpenSubWindow(const std::function<ui::Form&()>& select, bool checksFirmware = false);
   void MMnuGrMon_Click(const ui::Menu& item);

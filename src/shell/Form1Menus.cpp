@@ -64,13 +64,26 @@ void Form1::ConnectLevels() {
   };
 }
 
-void Form1::TellKeys() {
-  for (ui::Menu* item : {&WButton, &WCircleBox, &WSquareBox}) item->ToolTipText = "Shift+I";
-  for (ui::Menu* item : {&GSquareLed, &GCircleLed}) item->ToolTipText = "Shift+G";
-  IMax.ToolTipText = "Ctrl+I";
-  OMax.ToolTipText = "Ctrl+O";
-  EMax.ToolTipText = "Ctrl+S";
-  GMax.ToolTipText = "Ctrl+G";
+void Form1::ConnectSensorMenu() {
+  struct Item {
+    ui::Menu& Entry;
+    const char* Key;
+    void (Form1::*Do)(int);
+    int Wanted;  // style or panel
+  };
+  for (const Item& item : std::initializer_list<Item>{
+           {WButton, "Shift+I", &Form1::ShowSensorStyle, state::kButtonStyle},
+           {WCircleBox, "Shift+I", &Form1::ShowSensorStyle, state::kLampStyle},
+           {WSquareBox, "Shift+I", &Form1::ShowSensorStyle, state::kSquareStyle},
+           {GSquareLed, "Shift+G", &Form1::ShowGraphicStyle, state::kSquareLamps},
+           {GCircleLed, "Shift+G", &Form1::ShowGraphicStyle, state::kRoundLamps},
+           {IMax, "Ctrl+I", &Form1::TogglePanel, state::kInputPanel},
+           {OMax, "Ctrl+O", &Form1::TogglePanel, state::kOutputPanel},
+           {EMax, "Ctrl+S", &Form1::TogglePanel, state::kStatusPanel},
+           {GMax, "Ctrl+G", &Form1::TogglePanel, state::kCardPanel}}) {
+    item.Entry.KeyName = item.Key;
+    item.Entry.Click = [this, act = item.Do, wanted = item.Wanted] { (this->*act)(wanted); };
+  }
 }
 
 void Form1::SetAllMenu(bool enabled) {
@@ -140,6 +153,7 @@ void Form1::ShowDebugLevel(int level) {
 
 void Form1::ShowPort(const std::string& caption) {
   care_.Forget();
+  poll_.ForgetLine();
   MMnuSerPort.Caption = caption;
   MnuPar.Caption = "&Port Connection ( " +
                    (caption == link::kNoPortCaption ? std::string("none") : caption) + " )";

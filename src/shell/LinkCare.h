@@ -1,8 +1,10 @@
-// Watches whether the port is still there. A lost one is told in the main window, once; when its
-// device is back the operator may connect again. Nothing is sent without the operator's wish.
+// Tells in the main window how the link to the machine stands, and offers to connect again. Watches
+// whether the port is still there: a lost one is told once. Nothing is sent without the operator's
+// wish.
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "link/ComPort.h"
 #include "link/LinkStatus.h"
@@ -13,6 +15,7 @@ namespace tintbench::shell {
 
 struct LinkCareView {
   ui::Label& LblLink;
+  ui::Label& LblProblem;
   ui::Button& CmdReconnect;
 };
 
@@ -25,12 +28,18 @@ class LinkCare {
 
   // To be called again and again while the window is open.
   void Watch();
+  // The machine hasn't answered since that time of day; empty while it answers.
+  void Silence(const std::string& since);
+  // Link-up begins by the operator's wish.
+  void Begin();
   // A loss is over once the operator has linked up anew, or wants no link.
   void Forget();
+  // Tells the state that the link has now.
+  void Show();
 
  private:
   void TellLoss();
-  void Offer(bool deviceBack);
+  std::string Words() const;
 
   LinkCareView view_;
   link::SerialPort& port_;
@@ -38,6 +47,7 @@ class LinkCare {
   const link::LinkStatus& status_;
   std::function<void()> lost_;
   bool isLost_ = false;
+  std::string silentSince_;
 };
 
 }  // namespace tintbench::shell

@@ -1,8 +1,10 @@
 // Asks the machine for its state while nothing else uses the line: inputs and outputs at each tick
-// of the main window's timer, the status at the first tick and every fourth after it.
+// of the main window's timer, the status at the first tick and every fourth after it. Behind a
+// question that isn't answered the operator's hand comes before the rest of the tick.
 #pragma once
 
-#include <functional>
+#include <array>
+#include <cstddef>
 #include <string>
 
 #include "link/LinkStatus.h"
@@ -12,6 +14,7 @@
 #include "state/SensorPanels.h"
 #include "state/StateDecoder.h"
 #include "ui/Controls.h"
+#include "ui/Screen.h"
 
 namespace tintbench::shell {
 
@@ -20,16 +23,16 @@ struct PollingView {
   ui::Timer& Timer1;
   ui::ControlArray<ui::Button>& CmdResize;
   state::SensorPanels& Panels;
-  ui::Label& LblHint;     // how to go on, while polling is paused
+  ui::Label& LblHint;     // that what the panels show is old, and how to go on
   ui::Label& LblQuality;  // how well the line does
 };
 
 class Polling {
  public:
-  Polling(const PollingView& view, base::Clock& clock, const link::SerialPort& port,
+  Polling(const PollingView& view, ui::Screen& screen, const link::SerialPort& port,
           link::Transaction& commands, state::StateDecoder& decoder, const link::LinkStatus& status)
       : view_(view),
-        clock_(clock),
+        screen_(screen),
         port_(port),
         commands_(commands),
         decoder_(decoder),
@@ -44,24 +47,35 @@ class Polling {
   void GiveUp();
   // While it is forbidden nothing starts polling.
   void Forbid(bool forbidden) { forbidden_ = forbidden; }
+  // Another line begins, of which nothing is known yet.
+  void ForgetLine();
 
   bool PollingOn() const { return pollingOn_; }
   bool PollingPaused() const { return pollingPaused_; }
+  // The time of day since which nothing has been answered; empty while the machine answers.
+  std::string SilentSince() const { return quality_.SilentSince(); }
 
-  // One tick of the timer.
+  // One tick of the timer, or what an earlier one has left to ask.
   void Tick();
 
  private:
-  using Decode = bool (state::StateDecoder::*)(state::SensorPanels&, const std::string&);
+  struct Question;
+  static const Question kQuestions[];
+  static constexpr std::size_t kQuestionCount = 3;
 
   void Halt();
   void Announce(const std::string& text);
   void SetCmdResize(bool enabled);
-  void Ask(int row, Decode decode);
+  bool Ask(const Question& question);
   void AskAll();
+  void ShowQuality();
+  void ShowAge(int panel, bool answered, bool good);
+  void FadePanels(bool faded);
+  void FadeCard();
+  void TellAge(const std::string& why, const std::string& remedy);
 
   PollingView view_;
-  base::Clock& clock_;
+  ui::Screen& screen_;
   const link::SerialPort& port_;
   link::Transaction& commands_;
   state::StateDecoder& decoder_;
@@ -71,6 +85,9 @@ class Polling {
   bool pollingPaused_ = true;
   bool forbidden_ = false;
   int statusDivider_ = 0;
+  std::size_t next_ = kQuestionCount;  // the next question of the tick under way
+  double pausedAt_ = 0;
+  std::array<bool, state::kCardPanel> hasData_{};  // inputs, outputs, status
 };
 
 }  // namespace tintbench::shell

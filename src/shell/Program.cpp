@@ -105,7 +105,7 @@ void Program::SweepUp() {
 // A program that starts without a level has no menu to change it.
 void Program::StartDebugLevel() {
   const std::string& key = startupKeys_.KsvDebug;
-  const int level = base::IsNumeric(key) ? DebugLevelOf(base::LeadingInt(key)) : 0;
+  const int level = base::IsNumeric(key) ? DebugLevelOf(base::LeadingInt(key)).value_or(0) : 0;
   form1_.MnuKsvdbg.Visible = level != 0;
   form1_.MnuKsvdbg.Enabled = level != 0;
   if (level != 0) {
@@ -121,7 +121,10 @@ void Program::SetDebugLevel(int level) {
   form1_.ShowDebugLevel(level);
 }
 
-void Program::EditDebugLevel() { SetDebugLevel(formDbg_.Edit(log_.DebugLevel())); }
+// A level that is set begins a new log, and what was given up is not set.
+void Program::EditDebugLevel() {
+  if (const auto level = formDbg_.Edit(log_.DebugLevel())) SetDebugLevel(*level);
+}
 
 void Program::ShowSplash() {
   splashSince_ = setup_.Clock.Now();
@@ -172,11 +175,7 @@ void Program::ReturnService() {
   }
 }
 
-void Program::LinkAgain() {
-  std::string port = link::ComPort::FormatPortNumber(setup_.Port.CommPort());
-  std::string settings = setup_.Port.Settings();
-  linkUp_.LinkMachine(port, settings);
-}
+void Program::LinkAgain() { linkUp_.LinkAgain(); }
 
 void Program::BuildSensorNames(bool configured) {
   names_ = state::BuildSensorNames(configured, facts_, selectors_);

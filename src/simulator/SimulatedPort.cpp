@@ -31,18 +31,27 @@ bool SimulatedPort::PortOpen(bool open) {
   return true;
 }
 
+// What stands in the way of opening the port; nothing if it can be opened.
+std::string SimulatedPort::Obstacle() const {
+  const std::string name = "port " + std::to_string(number_);
+  if (!ports_.contains(number_)) return "there is no simulated " + name;
+  if (!DevicePresent()) return name + " can't be opened: plug its adapter in";
+  if (!LineFormat::Parse(settings_)) {
+    return name + " can't be opened: the settings \"" + settings_ + "\" can't be used";
+  }
+  return {};
+}
+
 bool SimulatedPort::Open() {
   if (PortOpen()) return false;
   Close();
-  const auto port = ports_.find(number_);
-  const std::optional<LineFormat> format = LineFormat::Parse(settings_);
-  if (port == ports_.end() || !format) return false;
-  if (port->second != nullptr) {
-    if (!port->second->Plugged()) return false;
-    port->second->Attach(*format);
-    pullsAtOpening_ = port->second->PullCount();
+  problem_ = Obstacle();
+  if (!problem_.empty()) return false;
+  machine_ = ports_.at(number_);
+  if (machine_ != nullptr) {
+    machine_->Attach(*LineFormat::Parse(settings_));
+    pullsAtOpening_ = machine_->PullCount();
   }
-  machine_ = port->second;
   open_ = true;
   return true;
 }

@@ -21,6 +21,7 @@ class SimulatedPort final : public link::SerialPort {
   void Settings(const std::string& settings) override;
   bool PortOpen() const override;
   bool DevicePresent() const override;
+  std::string LastProblem() const override { return problem_; }
   bool PortOpen(bool open) override;
   int InBufferSize() const override { return inBufferSize_; }
   void InBufferSize(int bytes) override { inBufferSize_ = bytes; }
@@ -35,6 +36,7 @@ class SimulatedPort final : public link::SerialPort {
 
  private:
   bool Open();
+  std::string Obstacle() const;
   void Close();
   void Collect();
 
@@ -49,6 +51,7 @@ class SimulatedPort final : public link::SerialPort {
   Machine* machine_ = nullptr;  // what stands on the open port
   std::size_t pullsAtOpening_ = 0;
   std::string input_;
+  std::string problem_;
 };
 
 }  // namespace tintbench::simulator

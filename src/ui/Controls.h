@@ -172,6 +172,7 @@ class Frame : public Control, public Container {
  public:
   using Control::Control;
   Property<std::string> Caption{*this, "Caption"};
+  Property<bool> Faded{*this, "Faded", false};  // what it shows is old, and is drawn pale
   Form& OwnerForm() override { return Control::OwnerForm(); }
   const Control* AsControl() const override { return this; }
 };
@@ -218,6 +219,7 @@ class Menu : public Control, public Container {
   }
   Property<std::string> Caption{*this, "Caption"};
   Property<bool> Checked{*this, "Checked", false};
+  Property<std::string> KeyName{*this, "KeyName"};  // shown beside it: the key that does the same
   bool HasItems() const { return !Children().empty(); }
   bool IsTitle() const { return Parent().AsControl() == nullptr; }
   Form& OwnerForm() override { return Control::OwnerForm(); }

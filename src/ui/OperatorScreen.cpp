@@ -48,6 +48,8 @@ bool IsReply(const Step& step) {
          step.Kind == StepKind::File;
 }
 
+bool IsOfTheHand(const Step& step) { return step.Kind <= StepKind::Close; }
+
 }  // namespace
 
 const Step* OperatorScreen::NextStep() const {
@@ -79,24 +81,35 @@ bool OperatorScreen::ServeOperator() {
   return true;
 }
 
+// A name that leads nowhere is told at once.
+bool OperatorScreen::RestIsOver() const {
+  if (Time().Now() >= waitEnd_) return true;
+  std::string found;
+  return waiting_->Kind == StepKind::Until && (!ReadPath(waiting_->Target, found) ||
+                                               Relates(found, waiting_->Compare, waiting_->Wanted));
+}
+
 bool OperatorScreen::WaitIsOver() {
-  const bool timeIsUp = Time().Now() >= waitEnd_;
-  if (waiting_->Kind == StepKind::Until) {
-    std::string found;
-    if (!ReadPath(waiting_->Target, found)) {
-      ScriptFails(waiting_, "there is no " + waiting_->Target.Text);
-    } else if (!Relates(found, waiting_->Compare, waiting_->Wanted)) {
-      if (!timeIsUp) return false;
-      ExpectationFails(*waiting_, "wanted " + std::string(RelationWord(waiting_->Compare)) + " " +
-                                      Quoted(waiting_->Wanted) + ", found " + Quoted(found) +
-                                      " after " + base::PlainNumber(waiting_->Seconds) +
-                                      " seconds");
-    }
-  } else if (!timeIsUp) {
-    return false;
+  if (!RestIsOver()) return false;
+  std::string found;
+  if (waiting_->Kind != StepKind::Until) {
+    // Nothing was to come of it.
+  } else if (!ReadPath(waiting_->Target, found)) {
+    ScriptFails(waiting_, "there is no " + waiting_->Target.Text);
+  } else if (!Relates(found, waiting_->Compare, waiting_->Wanted)) {
+    ExpectationFails(*waiting_, "wanted " + std::string(RelationWord(waiting_->Compare)) + " " +
+                                    Quoted(waiting_->Wanted) + ", found " + Quoted(found) +
+                                    " after " + base::PlainNumber(waiting_->Seconds) + " seconds");
   }
   waiting_ = nullptr;
   return true;
+}
+
+bool OperatorScreen::OperatorMayWait() const {
+  if (waiting_ != nullptr && !RestIsOver()) return false;
+  const Step* step = NextStep();
+  if (step == nullptr) return true;  // and closes the windows
+  return IsOfTheHand(*step) && MayDeliver(*step);
 }
 
 bool OperatorScreen::AnswerIsOverdue(const Step& step) {

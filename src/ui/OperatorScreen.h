@@ -31,6 +31,9 @@ class OperatorScreen final : public Screen {
   std::optional<std::string> Ask(const Question& question) override;
   std::optional<std::string> Ask(const FileRequest& request) override;
 
+  // Only what the hand does next can wait: the eyes come when the hand has rested.
+  bool OperatorMayWait() const override;
+
   // Called some times a second while the script waits: whoever drives the line can notice there
   // that it is lost, though nobody reads it, and the system can tell the program to end.
   std::function<void()> Meanwhile;
@@ -61,6 +64,7 @@ class OperatorScreen final : public Screen {
   const Step* NextStep() const;
   bool MayDeliver(const Step& step) const;
   bool WaitIsOver();
+  bool RestIsOver() const;
   bool AnswerIsOverdue(const Step& step);
   void Deliver(const Step& step);
   void TellMachine(const Step& step);
@@ -69,7 +73,7 @@ class OperatorScreen final : public Screen {
 
   const Step* TakeReply(StepKind kind, const std::string& told);
   void CheckReply(const Step& step, const std::string& text);
-  bool ReadPath(const Path& path, std::string& text);
+  bool ReadPath(const Path& path, std::string& text) const;
   bool Resolve(const Step& step, Pressed& pressed);
   bool ResolveControl(const Step& step, Control*& control);
   bool CheckPressable(const Step& step, const Pressed& pressed);

@@ -10,6 +10,7 @@
 namespace tintbench::ui {
 
 enum class StepKind {
+  // Of the hand, to `Close`.
   Click,
   DblClick,
   RightPress,

@@ -46,7 +46,7 @@ OperatorScreen::OperatorScreen(base::Clock& clock, OperatorScript script, std::o
 
 OperatorScreen::~OperatorScreen() = default;
 
-bool OperatorScreen::ReadPath(const Path& path, std::string& text) {
+bool OperatorScreen::ReadPath(const Path& path, std::string& text) const {
   const Form* form = FindForm(path.Names[0].Name);
   if (form == nullptr) return false;
   const PathName& last = path.Names.back();

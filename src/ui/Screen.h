@@ -82,6 +82,10 @@ class Screen {
   // The operator's close button. False if the window stays.
   bool CloseByOperator(Form& form) { return Unload(form); }
 
+  // False if it is sure that the operator's hand doesn't wait to be served. Serves nothing; where
+  // that can't be told without serving, it may wait.
+  virtual bool OperatorMayWait() const { return false; }
+
   // Serves what is pending: due timers and the operator's hand.
   void DoEvents();
   // Serves events. Returns as soon as one has been served, after `seconds` at the latest; once the

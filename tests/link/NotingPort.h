@@ -29,6 +29,7 @@ class NotingPort final : public link::SerialPort {
   void Settings(const std::string& settings) override { port_.Settings(settings); }
   bool PortOpen() const override { return port_.PortOpen(); }
   bool DevicePresent() const override { return port_.DevicePresent(); }
+  std::string LastProblem() const override { return port_.LastProblem(); }
   bool PortOpen(bool open) override {
     if (open) Opened.push_back(std::to_string(CommPort()) + ": " + Settings());
     return port_.PortOpen(open);

@@ -2,11 +2,13 @@
 // real menus, buttons and keys, and what the real widgets say.
 #include <gtest/gtest.h>
 
+#include <QGraphicsEffect>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPaintEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -197,6 +199,70 @@ TEST_F(MainWindow, PointerOnTheCardNamesTheSensor) {
     QEvent leaves(QEvent::Leave);
     QCoreApplication::sendEvent(&card, &leaves);
     EXPECT_EQ(Words(form->Panels.GRLabel1), "Machine version [5.2]");
+  });
+}
+
+// Where one reads, and where one has gone by Tab, one stays.
+TEST_F(MainWindow, NothingIsTakenFromUnderTheOperator) {
+  Run([this] {
+    Key(Qt::Key_Tab);
+    const QWidget* const reached = QApplication::focusWidget();
+    Pass(3);
+    EXPECT_EQ(QApplication::focusWidget(), reached);
+    EXPECT_NE(reached, &Of<PictureWidget>(form->Panels.GRPicIOcard));
+    Window().resize(900, 600);
+    for (int code = 1101; code <= 1140; ++code) machine.Tell("error " + std::to_string(code));
+    Pass(6);
+    QScrollBar& bar = *Of<QPlainTextEdit>(form->Panels.ErText1).verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 7);
+    bar.setValue(3);
+    machine.Tell("error 2101");
+    Pass(6);
+    EXPECT_EQ(bar.value(), 3);
+    machine.Tell("error none");
+    machine.Tell("error 1103");
+    Pass(6);
+    EXPECT_EQ(bar.value(), 0);
+  });
+}
+
+TEST_F(MainWindow, WhatIsOldIsPale) {
+  Run([this] {
+    Pass(6);
+    const auto pale = [this] {
+      return Of<QWidget>(form->Panels.GRPicIOcard).graphicsEffect()->isEnabled();
+    };
+    EXPECT_FALSE(pale());
+    Press(form->MnuMachConf);
+    EXPECT_TRUE(pale());
+    Window().LeaveMenus();
+    Pass(3);
+    Key(Qt::Key_Escape);
+    Pass(3);
+    EXPECT_FALSE(pale());
+  });
+}
+
+// What comes while a question waits in vain is served before the next one of the same tick.
+TEST_F(MainWindow, APressWaitsForOneUnansweredQuestionOnly) {
+  Run([this] {
+    machine.Tell("power off");
+    bool asked = false;
+    QString before;
+    const ui::Event<> tick = form->Timer1.Tick;
+    form->Timer1.Tick = [&] {
+      if (!std::exchange(asked, true)) {
+        QTimer::singleShot(0, &Window(), [&] {
+          before = Words(form->Panels.OLabel1);
+          Press(form->MnuMachConf);
+        });
+      }
+      tick.Raise();
+    };
+    Pass(30);
+    EXPECT_EQ(before, "[ STARTING POLLING ]") << "the outputs have been asked for";
+    EXPECT_FALSE(form->Poll().PollingOn());
+    form->Timer1.Tick = tick;
   });
 }
 

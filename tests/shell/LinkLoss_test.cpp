@@ -41,16 +41,15 @@ TEST_F(LinkLoss, LostLineIsToldOnceAndConnectedAgainOnlyByTheOperator) {
          EXPECT_EQ(Window().LblLink.Caption->substr(0, 33), "The line to the machine was lost.");
          EXPECT_FALSE(Window().Panels.ICheck1(0).Enabled);
          EXPECT_FALSE(Window().MnuMaint.Enabled);
-         EXPECT_FALSE(Window().CmdReconnect.Visible);
+         EXPECT_TRUE(Window().CmdReconnect.Visible);
          TakeWritten();
          Pass(600);
          ASSERT_EQ(test.Machine().Tell("plug"), "");
          Pass(30);
          EXPECT_EQ(TakeWritten(), "");
-         EXPECT_TRUE(Window().CmdReconnect.Visible);
+         EXPECT_EQ(Window().LblLink.Caption->substr(0, 22), "The line was lost, and");
          ASSERT_EQ(test.Machine().Tell("unplug"), "");
          Pass(2);
-         EXPECT_FALSE(Window().CmdReconnect.Visible);
          EXPECT_EQ(Window().LblLink.Caption->substr(0, 33), "The line to the machine was lost.");
          ASSERT_EQ(test.Machine().Tell("plug"), "");
          Pass(2);
@@ -136,6 +135,21 @@ TEST_F(LinkLoss, LostBehindASubWindowOrWhilePausedIsToldInTheWindowAlone) {
          EXPECT_TRUE(Window().CmdResize(0).Enabled);
        }});
   EXPECT_TRUE(test.Screen.Boxes.empty());
+}
+
+// A link-up that found nothing is tried again as it was asked for: on all ports.
+TEST(LaptopFirst, MachineIsFoundOnWhicheverPortItIsThen) {
+  TestProgram test({{1, std::nullopt}, {2, {{}}}});
+  ASSERT_EQ(test.Machine(2).Tell("power off"), "");
+  test.Screen.Hand = {[&] {
+    ASSERT_TRUE(test.MainWindow().CmdReconnect.Visible);
+    ASSERT_EQ(test.Machine(2).Tell("power on"), "");
+    test.Screen.Pass(5);
+    test.Screen.Alone([&] { test.MainWindow().CmdReconnect.Press(); });
+    EXPECT_EQ(test.MainWindow().MMnuSerPort.Caption.Get(), "port2: 19200,N,8,1");
+    EXPECT_EQ(test.Program->Status().LinkState, link::kConfigKnown);
+  }};
+  test.Run();
 }
 
 // The maintenance menu must not be the only one that works while a panel is large.
