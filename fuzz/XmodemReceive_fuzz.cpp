@@ -124,7 +124,7 @@ void CheckFile(TransferDesk& desk, int status, bool earlier) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tintbench;
   fuzz::FuzzInput input(data, size);
-  const int abortAt = input.Number(40);
+  const int abortAt = input.Number(2000);
   const int failAt = input.Number(40);
   const bool earlier = input.Flag();
   const bool traced = input.Flag();

@@ -107,7 +107,7 @@ void CheckSent(const TransferDesk& desk, const std::string& file, bool large, in
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tintbench;
   fuzz::FuzzInput input(data, size);
-  const int abortAt = input.Number(40);
+  const int abortAt = input.Number(2000);
   const int failAt = input.Number(40);
   const bool large = input.Flag();
   const std::string file = fuzz::FileOf(input.Number(5000));

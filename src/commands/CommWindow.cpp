@@ -97,7 +97,7 @@ std::string CommWindow::Send(int row, const std::string& argument) {
 
 std::string CommWindow::SendMoving(int row, const std::string& argument) {
   link::CommandCall call(Work.Table, row, argument);
-  call.Row().TimeoutSeconds = Work.Table.CommandTimeout(argument, row, Work.Facts);
+  call.Row().TimeoutSeconds = Work.Table.CommandTimeout(argument, row, Work.Facts, Work.Log);
   return Send(row);
 }
 

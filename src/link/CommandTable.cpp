@@ -107,7 +107,7 @@ CommandRow& CommandTable::Row(int row) { return rows_[CheckedRow(row)]; }
 const CommandRow& CommandTable::Row(int row) const { return rows_[CheckedRow(row)]; }
 
 float CommandTable::CommandTimeout(std::string_view argument, int row,
-                                   const config::MachineFacts& facts) const {
+                                   const config::MachineFacts& facts, DebugLog& log) const {
   double seconds = static_cast<double>(Row(row).TimeoutSeconds);
   double configured = 0;
   if (row >= kCapOpen && row <= kCapIntermediate) {
@@ -116,7 +116,11 @@ float CommandTable::CommandTimeout(std::string_view argument, int row,
   } else if (row == kMachineReset) {
     configured = static_cast<double>(facts.ResetTimeout);
   }
-  if (configured > 0) seconds = configured;
+  if (configured > 0) seconds = std::min(configured, kLongestConfiguredTime);
+  if (configured > kLongestConfiguredTime) {
+    log.WriteNote(Row(row).Description + ": the configured time is too long, " +
+                  base::PlainNumber(kLongestConfiguredTime) + " seconds are used");
+  }
   return static_cast<float>(seconds * kTimeoutMargin);
 }
 

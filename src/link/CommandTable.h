@@ -8,10 +8,14 @@
 #include <string_view>
 
 #include "config/MachineFacts.h"
+#include "link/DebugLog.h"
 
 namespace tintbench::link {
 
 inline constexpr int kCommandRows = 50;
+
+// Longer than any sound machine moves for one command, in seconds: a file may say anything.
+inline constexpr double kLongestConfiguredTime = 600;
 
 // The machine's H-bridges in the order of the six flags in the answer to "#up*".
 inline constexpr std::array<std::string_view, 6> kBridgeNames{
@@ -39,8 +43,10 @@ class CommandTable {
 
   // Seconds to wait for the answer of a command that moves something: for the rows 21 to 23 the
   // time of the cap that the argument names, for row 33 the machine's reset time, where the
-  // configuration gives one, otherwise the row's own; and a fifth more.
-  float CommandTimeout(std::string_view argument, int row, const config::MachineFacts& facts) const;
+  // configuration gives one, otherwise the row's own; and a fifth more. A configured time counts up
+  // to kLongestConfiguredTime, and what is above it is noted in `log`.
+  float CommandTimeout(std::string_view argument, int row, const config::MachineFacts& facts,
+                       DebugLog& log) const;
 
  private:
   std::array<CommandRow, kCommandRows> rows_;

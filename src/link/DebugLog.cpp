@@ -18,10 +18,12 @@ void DebugLog::OpenDebugLog() {
 }
 
 void DebugLog::WriteTransaction(std::string_view command, std::string_view answer) {
+  WriteNote(std::string(command).append(": ").append(answer));
+}
+
+void DebugLog::WriteNote(std::string_view text) {
   if (!logging_ || file_ == nullptr) return;
-  std::string line(command);
-  line.append(": ").append(answer).append(base::kCrLf);
-  std::ignore = file_->Write(line);
+  std::ignore = file_->Write(std::string(text).append(base::kCrLf));
   // A log is wanted most after a crash.
   std::ignore = file_->Flush();
 }

@@ -37,6 +37,9 @@ class DebugLog {
   // and the answer as it was received.
   void WriteTransaction(std::string_view command, std::string_view answer);
 
+  // Writes a line on something else, on the same condition.
+  void WriteNote(std::string_view text);
+
  private:
   base::FileSystem& files_;
   std::string path_;

@@ -37,7 +37,8 @@ std::string MasterStartAnswer() { return MasterWireFrame("01C1____000"); }
 std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen) {
   const double end = screen.Time().Now() + kServiceTimeout;
   std::string text;
-  while (text.find(kFrameEnd) == std::string::npos && screen.Time().Now() < end) {
+  while (port.PortOpen() && text.find(kFrameEnd) == std::string::npos &&
+         screen.Time().Now() < end) {
     screen.Idle(kServiceLook);
     text += port.Input();
   }

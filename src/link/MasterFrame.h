@@ -24,8 +24,8 @@ std::string MakeMasterFrame(std::string_view text);
 // The frame as it goes on the wire: code 1, the filled text, code 3.
 std::string MasterWireFrame(std::string_view text);
 
-// Collects what comes until it holds the end of a frame, for ten seconds at the most, and serves
-// window events meanwhile.
+// Collects what comes until it holds the end of a frame, for ten seconds at the most and no longer
+// than the port is open, and serves window events meanwhile.
 std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen);
 
 // What the machine answers to the start of service when it agrees, with codes 1 and 3.

@@ -17,7 +17,7 @@ namespace tintbench::link {
 // What the engine needs of the program around it.
 struct XmodemSetup {
   std::string AppPath;                // holds the scratch file and the trace
-  std::function<void()> ServeEvents;  // lets the windows react, once for each block
+  std::function<void()> ServeEvents;  // lets the windows react: at each block, and in waits
   std::function<int()> DebugLevel;    // a transfer is traced at level 7
 };
 
@@ -49,7 +49,7 @@ class Xmodem {
   // For link-up: receives `file` without any display, and leaves the port unbound.
   int XmodemReceiveQuiet(const std::string& file);
 
-  // Asks the running transfer to end; it is heard at the next block.
+  // Asks the running transfer to end; it is heard at the next block, and in any wait for the line.
   void XmodemAbort() { session_.State.XmodemAbortFlag = true; }
 
   // The state of the transfer that runs or ran last.

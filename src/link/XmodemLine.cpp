@@ -12,8 +12,9 @@ namespace tintbench::link {
 
 namespace {
 
-// How long a port that was lost while waiting can go unnoticed.
-constexpr double kLongestPatience = 0.5;
+// How long the operator, and a port that is lost meanwhile, go unnoticed in a silence, in seconds.
+constexpr double kLongestPatience = 0.1;
+constexpr int kInputThere = 0;
 constexpr int kCancelRepeats = 8;
 constexpr int kTraceDecimals = 3;
 
@@ -30,12 +31,34 @@ void XmodemLine::Send(std::string_view characters) {
   for (const char character : characters) Trace("(S=", ")(", character, ")");
 }
 
-int XmodemLine::ReadChar(int timeoutMs) {
-  if (!AwaitCharacter(timeoutMs)) return kXmodemSilence;
-  const std::string input = port_.Input();
-  if (input.empty()) return kXmodemSilence;
-  Trace("[R=", "][", input[0], "]");
-  return static_cast<unsigned char>(input[0]);
+int XmodemLine::ReadChar(int timeoutMs) { return ReadCharUntil(TimeOut(timeoutMs)); }
+
+int XmodemLine::ReadCharUntil(double when) {
+  const int code = peeked_ >= 0 ? std::exchange(peeked_, kXmodemSilence) : Fetch(when);
+  const char character = static_cast<char>(code);
+  if (code >= 0) TraceRead({&character, 1});
+  return code;
+}
+
+int XmodemLine::PeekChar(int timeoutMs) {
+  if (peeked_ >= 0) return peeked_;
+  const int code = Fetch(TimeOut(timeoutMs));
+  if (code >= 0) peeked_ = code;
+  return code;
+}
+
+bool XmodemLine::ReadBlock(std::size_t count, int timeoutMs, std::string& characters) {
+  characters.clear();
+  while (characters.size() < count) {
+    if (AwaitInput(TimeOut(timeoutMs)) != kInputThere) return false;
+    // No more than belongs to the block: what comes behind a transfer isn't ours.
+    port_.InputLen(static_cast<int>(count - characters.size()));
+    const std::string input = port_.Input();
+    if (input.empty()) return false;
+    TraceRead(input);
+    characters += input;
+  }
+  return true;
 }
 
 void XmodemLine::CancelTransfer() {
@@ -43,23 +66,39 @@ void XmodemLine::CancelTransfer() {
        std::string(kCancelRepeats, static_cast<char>(kXmodemBs)));
 }
 
-bool XmodemLine::AwaitCharacter(int timeoutMs) {
-  // Mostly the next character is there already, and the clock needn't be asked.
-  if (port_.InBufferCount() > 0) return true;
-  const double end =
-      timeoutMs == 0 ? std::numeric_limits<double>::infinity() : clock_.Now() + timeoutMs / 1000.0;
+double XmodemLine::TimeOut(int timeoutMs) const {
+  if (timeoutMs == 0) return std::numeric_limits<double>::infinity();
+  return clock_.Now() + timeoutMs / 1000.0;
+}
+
+int XmodemLine::Fetch(double when) {
+  const int awaited = AwaitInput(when);
+  if (awaited != kInputThere) return awaited;
+  port_.InputLen(1);
+  const std::string input = port_.Input();
+  if (input.empty()) return kXmodemSilence;
+  return static_cast<unsigned char>(input[0]);
+}
+
+int XmodemLine::AwaitInput(double when) {
+  // Mostly the next character is there already, and nobody need be asked.
+  if (port_.InBufferCount() > 0) return kInputThere;
   while (port_.PortOpen()) {
-    if (port_.InBufferCount() > 0) return true;
-    const double rest = end - clock_.Now();
-    if (rest <= 0) return false;
-    port_.WaitForInput(std::min(rest, kLongestPatience));
+    if (port_.InBufferCount() > 0) return kInputThere;
+    if (clock_.Now() >= when) return kXmodemSilence;
+    if (attend_()) return kXmodemStopped;
+    port_.WaitForInput(std::clamp(when - clock_.Now(), 0.0, kLongestPatience));
   }
-  return false;
+  return kXmodemSilence;
+}
+
+void XmodemLine::TraceRead(std::string_view characters) {
+  if (trace_ == nullptr) return;
+  for (const char character : characters) Trace("[R=", "][", character, "]");
 }
 
 void XmodemLine::Trace(std::string_view opening, std::string_view middle, char character,
                        std::string_view closing) {
-  if (trace_ == nullptr) return;
   std::string line(opening);
   line += base::PlainNumber(base::RoundHalfEven(clock_.Now(), kTraceDecimals));
   line += middle;

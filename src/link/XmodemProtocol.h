@@ -10,6 +10,7 @@ namespace tintbench::link {
 
 enum XmodemCharacter : int {
   kXmodemSilence = -1,  // no character came in time
+  kXmodemStopped = -2,  // the operator wants the transfer to end
   kXmodemSoh = 1,
   kXmodemStx = 2,
   kXmodemEot = 4,

@@ -9,13 +9,15 @@ namespace tintbench::link {
 namespace {
 
 constexpr int kCharacterTimeoutMs = 5000;
-constexpr int kSecondCancelTimeoutMs = 2000;
+constexpr int kSecondCancelTimeoutMs = 2000;  // the quiet behind the first one is part of it
 constexpr int kDrainTimeoutMs = 1000;
 // A sender waits silently behind its end of file, while in a block the next character follows at
 // once, or, with an adapter that hands them over in heaps, within 16 ms.
 constexpr int kQuietEndMs = 60;
-constexpr int kNothingUsable = -2;  // characters came, but none that can be believed
 constexpr std::size_t kCopySize = 65536;
+
+// A block shows by its check whether its first character was meant.
+bool ProvesItself(int answer) { return answer == kXmodemSoh || answer == kXmodemStx; }
 
 }  // namespace
 
@@ -37,32 +39,39 @@ int XmodemReceiver::Handshake(const XmodemRetry& description, int& answer) {
     if (session_.State.XmodemAbortFlag) return session_.Cancel(kXmodemAborted);
     session_.Line.SendChar(word);
     answer = AwaitAnswer(description);
+    if (answer == kXmodemStopped) return session_.Cancel(kXmodemAborted);
     if (answer == kXmodemBel) return kXmodemMachineRefuses;
+    askedAgain_ = attempt > 0;
     if (answer >= 0) return kXmodemSuccessful;
-    // It may have been a block whose start was lost; an ACK would count for it.
-    if (answer == kNothingUsable) word = kXmodemNak;
+    // A block may have been lost, whole or in its start; another ACK would count for it.
+    word = kXmodemNak;
   }
   return kXmodemRetriesUsedUp;
 }
 
-// Reads over what wasn't expected, until the line rests or the time of one try is over.
+// Reads over what isn't believed, until the line rests or the time of one try is over.
 int XmodemReceiver::AwaitAnswer(const XmodemRetry& description) {
-  const auto& expected = description.Expected;
   const double end = session_.Now() + description.TimeoutMs / 1000.0;
-  bool strange = false;
-  while (true) {
-    const int answer = session_.Line.ReadChar(strange ? kDrainTimeoutMs : description.TimeoutMs);
-    if (answer == kXmodemSilence) return strange ? kNothingUsable : kXmodemSilence;
-    if (answer == kXmodemBel) return answer;
-    const bool usable = std::find(expected.begin(), expected.end(), answer) != expected.end();
-    // A block proves itself; an end of file must stand alone.
-    if (usable && (answer != kXmodemEot || (!strange && LineIsQuiet()))) return answer;
-    strange = true;
-    if (session_.AbortedMeanwhile() || session_.Now() >= end) return kNothingUsable;
-  }
+  int answer = session_.Line.ReadChar(description.TimeoutMs);
+  if (answer < 0 || IsBelieved(answer, description)) return answer;
+  do {
+    answer = session_.Line.ReadChar(kDrainTimeoutMs);
+    if (answer < 0 || ProvesItself(answer)) return answer;
+    if (session_.Attend()) return kXmodemStopped;
+  } while (session_.Now() < end);
+  return kXmodemSilence;
 }
 
-bool XmodemReceiver::LineIsQuiet() { return session_.Line.ReadChar(kQuietEndMs) == kXmodemSilence; }
+// Of what comes behind strange characters only a block proves itself.
+bool XmodemReceiver::IsBelieved(int answer, const XmodemRetry& description) {
+  if (ProvesItself(answer)) return true;
+  const auto& expected = description.Expected;
+  const bool usable =
+      answer == kXmodemBel || std::find(expected.begin(), expected.end(), answer) != expected.end();
+  if (!usable) return false;
+  const int next = session_.Line.PeekChar(kQuietEndMs);
+  return next == kXmodemSilence || (answer == kXmodemCan && next == kXmodemCan);
+}
 
 int XmodemReceiver::ReceiveBlocks(int header) {
   while (header != kXmodemEot) {
@@ -70,14 +79,15 @@ int XmodemReceiver::ReceiveBlocks(int header) {
     if (status != kXmodemSuccessful) return status;
     const int block = ReadBlock();
     const bool good = block == kXmodemSuccessful;
-    if (good) {
-      status = KeepBlock();
-    } else if (!DrainLine()) {
-      status = session_.Cancel(kXmodemRetriesUsedUp);
-    }
+    if (good) status = KeepBlock();
     if (status != kXmodemSuccessful) return status;
+    // A block that was asked for comes twice when the sender, too, had waited long enough. One
+    // acknowledgement is for both: a second one would count for the next block.
+    const int restMs = good ? kQuietEndMs : kDrainTimeoutMs;
+    if ((!good || askedAgain_) && !DrainLine(restMs)) return session_.Cancel(kXmodemRetriesUsedUp);
     status = Handshake(good ? session_.Retries.NextBlock : session_.Retries.RepeatBlock, header);
     if (status != kXmodemSuccessful) return status;
+    askedAgain_ = askedAgain_ || !good;
   }
   return Finish();
 }
@@ -86,8 +96,9 @@ int XmodemReceiver::CheckHeader(int header) {
   XmodemState& state = session_.State;
   state.HeaderChar = header;
   if (header == kXmodemCan) {
-    const bool twice = session_.Line.ReadChar(kSecondCancelTimeoutMs) == kXmodemCan;
-    return twice ? session_.Cancel(kXmodemSenderCancelled) : kXmodemWrongHeader;
+    const int second = session_.Line.ReadChar(kSecondCancelTimeoutMs - kQuietEndMs);
+    if (second == kXmodemStopped) return session_.Cancel(kXmodemAborted);
+    return second == kXmodemCan ? session_.Cancel(kXmodemSenderCancelled) : kXmodemWrongHeader;
   }
   if (header != kXmodemSoh && header != kXmodemStx) return kXmodemWrongHeader;
   state.BlockSize = header == kXmodemStx ? kXmodemLargeBlock : kXmodemSmallBlock;
@@ -97,35 +108,28 @@ int XmodemReceiver::CheckHeader(int header) {
 int XmodemReceiver::ReadBlock() {
   session_.ServeEvents();
   const int number = session_.Line.ReadChar(kCharacterTimeoutMs);
-  if (number == kXmodemSilence) return kXmodemBlockTimeout;
+  if (number < 0) return kXmodemBlockTimeout;
   const int complement = session_.Line.ReadChar(kCharacterTimeoutMs);
-  if (complement == kXmodemSilence) return kXmodemBlockTimeout;
+  if (complement < 0) return kXmodemBlockTimeout;
   if ((255 ^ number) != complement) return kXmodemWrongComplement;
-  session_.State.BlockNumber = static_cast<std::uint8_t>(number);
-  session_.State.BlockComplement = static_cast<std::uint8_t>(complement);
-  if (!ReadData()) return kXmodemBlockTimeout;
+  XmodemState& state = session_.State;
+  state.BlockNumber = static_cast<std::uint8_t>(number);
+  state.BlockComplement = static_cast<std::uint8_t>(complement);
+  const auto size = static_cast<std::size_t>(state.BlockSize);
+  if (!session_.Line.ReadBlock(size, kCharacterTimeoutMs, state.BlockData)) {
+    return kXmodemBlockTimeout;
+  }
   session_.SumBlock();
   return CheckData();
-}
-
-bool XmodemReceiver::ReadData() {
-  XmodemState& state = session_.State;
-  state.BlockData.clear();
-  for (int i = 0; i < state.BlockSize; ++i) {
-    const int character = session_.Line.ReadChar(kCharacterTimeoutMs);
-    if (character == kXmodemSilence) return false;
-    state.BlockData += static_cast<char>(character);
-  }
-  return true;
 }
 
 int XmodemReceiver::CheckData() {
   const XmodemState& state = session_.State;
   const int first = session_.Line.ReadChar(kCharacterTimeoutMs);
-  if (first == kXmodemSilence) return kXmodemBlockTimeout;
+  if (first < 0) return kXmodemBlockTimeout;
   if (!state.UseCrc) return first == state.Checksum ? kXmodemSuccessful : kXmodemWrongChecksum;
   const int second = session_.Line.ReadChar(kCharacterTimeoutMs);
-  if (second == kXmodemSilence) return kXmodemBlockTimeout;
+  if (second < 0) return kXmodemBlockTimeout;
   const bool right = static_cast<std::uint32_t>(first * 256 + second) == state.Crc;
   return right ? kXmodemSuccessful : kXmodemWrongCrc;
 }
@@ -149,11 +153,11 @@ int XmodemReceiver::KeepBlock() {
 }
 
 // False if the line doesn't come to rest for as long as a silent sender would be waited for.
-bool XmodemReceiver::DrainLine() {
+bool XmodemReceiver::DrainLine(int restMs) {
   const XmodemRetry& repeat = session_.Retries.RepeatBlock;
   const double end = session_.Now() + repeat.Retries * (repeat.TimeoutMs / 1000.0);
-  while (session_.Line.ReadChar(kDrainTimeoutMs) != kXmodemSilence) {
-    if (session_.AbortedMeanwhile()) return true;
+  while (session_.Line.ReadChar(restMs) >= 0) {
+    if (session_.Attend()) return true;
     if (session_.Now() >= end) return false;
   }
   return true;

@@ -18,10 +18,10 @@ class XmodemReceiver {
   // cancel if it isn't done yet.
   int Run();
 
-  // Sends the description's character until one of its expected answers comes, which is handed
-  // back in `answer`. It is sent again only to a line that rests, and then, where something strange
-  // has come meanwhile, a NAK is sent in its place. An end of file counts only with silence around
-  // it. Gives a status; `answer` isn't meaningful unless that is 0.
+  // Sends the description's character, and from then on NAK, until one of the expected answers
+  // comes, which is handed back in `answer`. It asks again only on a line that rests. What carries
+  // no check of its own, an end of file, a CAN or a BEL, counts only with silence around it. Gives
+  // a status; `answer` isn't meaningful unless that is 0.
   int Handshake(const XmodemRetry& description, int& answer);
 
   // Reads the block behind a header character, `State.BlockSize` bytes of data, with a checksum
@@ -30,13 +30,12 @@ class XmodemReceiver {
 
  private:
   int AwaitAnswer(const XmodemRetry& description);
-  bool LineIsQuiet();
+  bool IsBelieved(int answer, const XmodemRetry& description);
   int ReceiveBlocks(int header);
   int CheckHeader(int header);
-  bool ReadData();
   int CheckData();
   int KeepBlock();
-  bool DrainLine();
+  bool DrainLine(int restMs);
   int Finish();
   bool IsKept(const base::FileResult& result);
   bool PutInPlace();
@@ -46,6 +45,7 @@ class XmodemReceiver {
   std::unique_ptr<base::OutputFile> file_;
   std::uint8_t expected_ = 1;
   std::uint8_t lastGood_ = 1;
+  bool askedAgain_ = false;  // the block in hand may come twice
 };
 
 }  // namespace tintbench::link

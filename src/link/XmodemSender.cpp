@@ -9,6 +9,8 @@ namespace tintbench::link {
 namespace {
 
 constexpr int kAnswerTimeoutMs = 60000;
+// A "C" that comes sooner behind the first block, in seconds, was sent before the block was heard.
+constexpr double kLateCrcStart = 1.0;
 constexpr int kBlockTries = 11;
 constexpr int kWrongStarts = 10;
 constexpr int kCancelsToStop = 2;
@@ -35,6 +37,8 @@ int XmodemSender::WaitForStart() {
         return session_.Cancel(kXmodemMachineRefuses);
       case kXmodemSilence:
         return session_.Cancel(kXmodemNoStart);
+      case kXmodemStopped:
+        return session_.Cancel(kXmodemAborted);
       case kXmodemCan:
         if (++cancels == kCancelsToStop) return session_.Cancel(kXmodemReceiverCancelled);
         break;
@@ -53,7 +57,7 @@ int XmodemSender::SendFile() {
   state.HeaderChar = large ? kXmodemStx : kXmodemSoh;
   const auto length = session_.Files.Length(state.FileName);
   const auto file = session_.Files.OpenToRead(state.FileName);
-  if (file == nullptr || !length) return kXmodemUnreadable;
+  if (file == nullptr || !length) return session_.Cancel(kXmodemUnreadable);
   const auto size = static_cast<std::uint64_t>(state.BlockSize);
   state.TotalBlocks = static_cast<std::int64_t>(*length / size + (*length % size != 0 ? 1 : 0));
   session_.Report.ReportStatus(kXmodemStarted, Progress());
@@ -67,7 +71,7 @@ int XmodemSender::SendBlocks(base::InputFile& file, std::uint64_t length) {
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(size, length));
     state.BlockData.assign(size, static_cast<char>(kXmodemSub));
     if (file.Read(state.BlockData.data(), wanted) != wanted) {
-      return kXmodemUnreadable;
+      return session_.Cancel(kXmodemUnreadable);
     }
     length -= wanted;
     ++state.BlockNumber;
@@ -114,11 +118,14 @@ std::string XmodemSender::WireBlock() {
 // A line that never rests is as good as silent: what is no answer is read over for as long as an
 // answer is waited for.
 int XmodemSender::AwaitAcknowledge(int& cancels) {
-  const double end = session_.Now() + kAnswerTimeoutMs / 1000.0;
+  const double sent = session_.Now();
+  const double end = sent + kAnswerTimeoutMs / 1000.0;
   while (session_.Now() < end) {
-    switch (session_.Line.ReadChar(kAnswerTimeoutMs)) {
+    switch (session_.Line.ReadCharUntil(end)) {
       case kXmodemSilence:
         return kXmodemNotAcknowledged;
+      case kXmodemStopped:
+        return session_.Cancel(kXmodemAborted);
       case kXmodemAck:
         return kXmodemSuccessful;
       case kXmodemNak:
@@ -126,12 +133,21 @@ int XmodemSender::AwaitAcknowledge(int& cancels) {
       case kXmodemCan:
         if (++cancels == kCancelsToStop) return session_.Cancel(kXmodemReceiverCancelled);
         break;
+      case kXmodemCrcStart:
+        if (AsksForFirstBlock(sent)) return kXmodemRefusedBlock;
+        break;
       default:
         break;
     }
-    if (session_.AbortedMeanwhile()) return session_.Cancel(kXmodemAborted);
+    if (session_.Attend()) return session_.Cancel(kXmodemAborted);
   }
   return kXmodemNotAcknowledged;
+}
+
+// A receiver that wants a CRC says so again where another one would refuse the first block.
+bool XmodemSender::AsksForFirstBlock(double sent) const {
+  const XmodemState& state = session_.State;
+  return state.UseCrc && state.TransferredBlocks == 0 && session_.Now() - sent >= kLateCrcStart;
 }
 
 int XmodemSender::EndTransfer() {
@@ -140,7 +156,7 @@ int XmodemSender::EndTransfer() {
     const int answer = session_.Line.ReadChar(kAnswerTimeoutMs);
     if (answer == kXmodemSilence) return kXmodemNoEndReply;
     if (answer == kXmodemAck) return kXmodemSuccessful;
-    if (session_.AbortedMeanwhile()) return session_.Cancel(kXmodemAborted);
+    if (answer == kXmodemStopped || session_.Attend()) return session_.Cancel(kXmodemAborted);
   }
 }
 

@@ -14,7 +14,7 @@ class XmodemSender {
 
   // Sends `State.FileName` as the receiver demands. Gives a status. A file that can't be opened,
   // or that turns out shorter than it was, ends with kXmodemUnreadable; the receiver, who waits
-  // for a block by then, isn't told.
+  // for a block by then, is told by a cancel.
   int Run();
 
  private:
@@ -24,6 +24,7 @@ class XmodemSender {
   int SendBlock();
   std::string WireBlock();
   int AwaitAcknowledge(int& cancels);
+  bool AsksForFirstBlock(double sent) const;
   int EndTransfer();
   XmodemProgress Progress() const;
 

@@ -1,21 +1,23 @@
 #include "link/XmodemSession.h"
 
+#include <numeric>
+
 namespace tintbench::link {
 
 namespace {
 
-constexpr double kLongestLockout = 2.0;
+// How long the operator waits to be served, in seconds.
+constexpr double kLongestLockout = 0.1;
 
 }  // namespace
 
 void XmodemSession::ServeEvents() {
-  served_ = clock_.Now();
   if (serveEvents_) serveEvents_();
+  served_ = clock_.Now();
 }
 
-bool XmodemSession::AbortedMeanwhile() {
-  if (clock_.Now() - served_ < kLongestLockout) return false;
-  ServeEvents();
+bool XmodemSession::Attend() {
+  if (clock_.Now() - served_ >= kLongestLockout) ServeEvents();
   return State.XmodemAbortFlag;
 }
 
@@ -25,12 +27,17 @@ int XmodemSession::Cancel(int status) {
 }
 
 void XmodemSession::SumBlock() {
-  State.Checksum = 0;
-  State.Crc = 0;
-  for (const char character : State.BlockData) {
-    const auto byte = static_cast<unsigned char>(character);
-    State.Checksum = static_cast<std::uint8_t>(State.Checksum + byte);
-    State.Crc = Crc16Update(State.Crc, byte);
+  const std::string& data = State.BlockData;
+  if (State.UseCrc) {
+    State.Crc =
+        std::accumulate(data.begin(), data.end(), 0U, [](std::uint32_t crc, char character) {
+          return Crc16Update(crc, static_cast<unsigned char>(character));
+        });
+  } else {
+    State.Checksum = std::accumulate(data.begin(), data.end(), std::uint8_t{0},
+                                     [](std::uint8_t sum, char character) {
+                                       return static_cast<std::uint8_t>(sum + character);
+                                     });
   }
 }
 

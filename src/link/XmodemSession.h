@@ -37,7 +37,12 @@ class XmodemSession {
  public:
   XmodemSession(SerialPort& port, base::Clock& clock, base::FileSystem& files,
                 std::function<void()> serveEvents)
-      : Line(port, clock), Files(files), clock_(clock), serveEvents_(std::move(serveEvents)) {}
+      : Line(port, clock, [this] { return Attend(); }),
+        Files(files),
+        clock_(clock),
+        serveEvents_(std::move(serveEvents)) {}
+  XmodemSession(const XmodemSession&) = delete;
+  XmodemSession& operator=(const XmodemSession&) = delete;
 
   XmodemLine Line;
   XmodemState State;
@@ -52,14 +57,15 @@ class XmodemSession {
   // Gives the window its chance, and with it the operator's stop button.
   void ServeEvents();
 
-  // For loops that only the other end can bring to their end: serves events now and then, so that
-  // a line that never rests can't lock the operator out. True once the operator wants to stop.
-  bool AbortedMeanwhile();
+  // For waits, and for loops that only the other end can bring to their end: serves events if that
+  // hasn't been done for a while, so that neither a silent line nor one that never rests can lock
+  // the operator out. True once the operator wants to stop.
+  bool Attend();
 
   // Cancels the transfer at the other end; gives the status back.
   int Cancel(int status);
 
-  // Adds up both checks of `BlockData`.
+  // Adds up the check of `BlockData` that is in use.
   void SumBlock();
 
   // Counts `BlockData` as transferred.

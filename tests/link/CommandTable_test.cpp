@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "base/MemoryFileSystem.h"
+
 namespace tintbench::link {
 namespace {
 
@@ -108,16 +112,34 @@ TEST(CommandTable, ACallFinishesTheCommandAndPutsTheRowBack) {
 TEST(CommandTable, TimeoutsComeFromTheConfigurationWhereItHasOne) {
   const CommandTable table;
   config::MachineFacts facts;
-  EXPECT_FLOAT_EQ(table.CommandTimeout("01", 21, facts), 18);
-  EXPECT_FLOAT_EQ(table.CommandTimeout("", 33, facts), 12);
+  testing::MemoryFileSystem files;
+  files.Put("/app/KEEP", "");
+  DebugLog log(files, "/app/log");
+  log.DebugLevel(kDebugCommands);
+  log.ApplyDebugLevel();
+  const auto timeout = [&](const char* argument, int row) {
+    return table.CommandTimeout(argument, row, facts, log);
+  };
+  EXPECT_FLOAT_EQ(timeout("01", 21), 18);
+  EXPECT_FLOAT_EQ(timeout("", 33), 12);
   facts.ElementLists[config::kCaps] = "01,02,04,";
   facts.CapTimeList = "20,0,7.5,";
   facts.ResetTimeout = 30;
-  EXPECT_FLOAT_EQ(table.CommandTimeout("01", 21, facts), 24);
-  EXPECT_FLOAT_EQ(table.CommandTimeout("02", 22, facts), 18);
-  EXPECT_FLOAT_EQ(table.CommandTimeout("04", 23, facts), 9);
-  EXPECT_FLOAT_EQ(table.CommandTimeout("03", 23, facts), 18);
-  EXPECT_FLOAT_EQ(table.CommandTimeout("01", 33, facts), 36);
+  EXPECT_FLOAT_EQ(timeout("01", 21), 24);
+  EXPECT_FLOAT_EQ(timeout("02", 22), 18);
+  EXPECT_FLOAT_EQ(timeout("04", 23), 9);
+  EXPECT_FLOAT_EQ(timeout("03", 23), 18);
+  EXPECT_FLOAT_EQ(timeout("01", 33), 36);
+  // A file may say anything.
+  facts.CapTimeList = "600,1e39,";
+  facts.ResetTimeout = std::numeric_limits<float>::max();
+  EXPECT_FLOAT_EQ(timeout("01", 21), 720);
+  EXPECT_EQ(files.Get("/app/log"), "");
+  EXPECT_FLOAT_EQ(timeout("02", 22), 720);
+  EXPECT_FLOAT_EQ(timeout("", 33), 720);
+  EXPECT_EQ(files.Get("/app/log"),
+            "Cap close: the configured time is too long, 600 seconds are used\r\n"
+            "Machine reset: the configured time is too long, 600 seconds are used\r\n");
 }
 
 TEST(CommandTable, PromptsAreLinesOfText) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "link/ScriptedPort.h"
+#include "ui/NotingScreen.h"
+
 namespace tintbench::link {
 namespace {
 
@@ -29,6 +32,27 @@ TEST(MasterFrame, StandsBetweenItsTwoCodesOnTheWire) {
   EXPECT_EQ(MasterStartAnswer(),
             "\x01"
             "01C10043000\x03");
+}
+
+TEST(MasterFrame, IsAwaitedUntilItsEndForTenSecondsOrAsLongAsThereIsAPort) {
+  const struct {
+    void (*Play)(testing::ScriptedPort& port);
+    const char* Text;
+    double Seconds;
+  } cases[] = {
+      {[](testing::ScriptedPort& port) { port.Wait(2).Reply("A").Wait(1).Reply("B\x03"); },
+       "AB\x03", 3},
+      {[](testing::ScriptedPort& port) { port.Wait(2).Reply("A"); }, "A", 10},
+      {[](testing::ScriptedPort& port) { port.Wait(2).Disconnect(); }, "", 2},
+  };
+  for (const auto& one : cases) {
+    base::VirtualClock clock;
+    testing::NotingScreen screen(clock);
+    testing::ScriptedPort port(clock);
+    one.Play(port);
+    EXPECT_EQ(CollectUntilFrameEnd(port, screen), one.Text);
+    EXPECT_NEAR(clock.Now(), one.Seconds, 0.06);
+  }
 }
 
 }  // namespace

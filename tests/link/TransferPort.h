@@ -14,7 +14,7 @@
 
 namespace tintbench::testing {
 
-class TransferPort final : public link::SerialPort {
+class TransferPort : public link::SerialPort {
  public:
   TransferPort(base::Clock& clock, simulator::Transfer& transfer)
       : clock_(clock), transfer_(transfer) {}

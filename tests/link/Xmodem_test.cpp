@@ -32,13 +32,13 @@ TEST(Xmodem, RunsOneTransferAtATime) {
   EXPECT_EQ(bench.Window.LblEstat.Caption.Get(), "FILE TRANSFER SUCCESSFUL");
 }
 
-TEST(Xmodem, ReadsCharacterByCharacterAndLeavesThePortAsItWas) {
+TEST(Xmodem, ReadsNothingBehindATransferAndLeavesThePortAsItWas) {
   base::VirtualClock clock;
   ScriptedPort port(clock);
   port.InputLen(7);
   port.Reply("left over");
   EXPECT_TRUE(port.WaitForInput(0));
-  port.Expect(kNak).Reply(kCan + kCan + "A").Expect(kCancel);
+  port.Expect(kNak).Reply(Block(1, "x")).Expect(kAck).Reply(kCan + kCan + "A").Expect(kCancel);
   base::StandardFileSystem files;
   const ScratchFolder folder;
   link::Xmodem engine(port, clock, files, {.AppPath = folder.Path()});
@@ -82,9 +82,8 @@ TEST(Xmodem, ReopensThePortAfterAnAbort) {
       });
     }
     bench.Port.InBufferSize(2000);
-    int served = 0;
     bench.OnEvents = [&] {
-      if (++served == 2) bench.Engine.XmodemAbort();
+      if (bench.Engine.State().TransferredBlocks == 1) bench.Engine.XmodemAbort();
     };
     if (one.Direction == link::kXmodemSend) {
       bench.Port.Wait(1)
@@ -111,10 +110,64 @@ TEST(Xmodem, SurvivesAPortThatCannotBeReopened) {
   XmodemBench bench;
   bench.Port.CanOpen = [](int, const std::string&) { return false; };
   bench.OnEvents = [&] { bench.Engine.XmodemAbort(); };
-  bench.Port.Wait(1).Reply(kNak).Expect(kCancel);
+  bench.Port.Expect(kCancel);
   const std::string file = bench.Folder.Put("file", kData);
   EXPECT_EQ(bench.Send(file), 5);
   EXPECT_EQ(bench.Send(file), -1);
+}
+
+TEST(Xmodem, FeelsTheOperatorInEveryWaitWithinHalfASecond) {
+  using Script = void (*)(ScriptedPort & port);
+  const std::string first = Block(1, "x");
+  struct {
+    const char* Wait;
+    int Direction;
+    Script Play;
+  } const cases[] = {
+      {"for a receiver", link::kXmodemSend, [](ScriptedPort&) {}},
+      {"for the answer to a block", link::kXmodemSend,
+       [](ScriptedPort& port) { port.Reply(kNak).Expect(Block(1, "x")); }},
+      {"on a line that never rests behind a block", link::kXmodemSend,
+       [](ScriptedPort& port) {
+         port.Reply(kNak).Expect(Block(1, "x")).Reply(std::string(99, 'x'));
+       }},
+      {"for the answer to the end", link::kXmodemSend,
+       [](ScriptedPort& port) { port.Reply(kNak).Expect(Block(1, "x")).Reply(kAck).Expect(kEot); }},
+      {"for a sender", link::kXmodemReceive, [](ScriptedPort& port) { port.Expect(kNak); }},
+      {"for the rest of a head", link::kXmodemReceive,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply("\x01"); }},
+      {"for the rest of a block", link::kXmodemReceive,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply("\x01\x01\xFEx"); }},
+      {"for the next block", link::kXmodemReceive,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply(Block(1, "x")).Expect(kAck); }},
+      {"for the second CAN", link::kXmodemReceive,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply(kCan); }},
+      {"on a line that never rests behind a bad block", link::kXmodemReceive,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply("\x01xx"); }},
+      {"on a line that never rests behind a word", link::kXmodemReceive,
+       [](ScriptedPort& port) { port.Expect(kNak).Reply("x"); }},
+  };
+  for (const auto& one : cases) {
+    for (const double pressed : {1.3, 1.9}) {
+      SCOPED_TRACE(one.Wait);
+      XmodemBench bench;
+      bench.OnEvents = [&] {
+        if (bench.Clock.Now() >= pressed) bench.Engine.XmodemAbort();
+      };
+      one.Play(bench.Port.Wait(one.Direction == link::kXmodemSend ? 1 : 0));
+      const bool rests = std::string_view(one.Wait).find("never") == std::string_view::npos;
+      const double silence = pressed - (one.Direction == link::kXmodemSend ? 1 : 0);
+      if (rests)
+        bench.Port.Wait(silence);
+      else
+        bench.Port.Trickle(std::string(static_cast<std::size_t>(silence / 0.3), 'x'), 0.3);
+      const std::string file = bench.Folder.Put("file", "x");
+      bench.Port.Expect(kCancel);
+      EXPECT_EQ(bench.Engine.XmodemTransfer(one.Direction, 128, file), 5);
+      EXPECT_GE(bench.Clock.Now(), pressed);
+      EXPECT_LE(bench.Clock.Now(), pressed + 0.5);
+    }
+  }
 }
 
 TEST(Xmodem, AnAbortOfYesterdayDoesNotStopTheNextTransfer) {
