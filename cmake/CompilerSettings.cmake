@@ -28,3 +28,9 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     target_link_options(tintbench_settings INTERFACE -fsanitize=address,undefined)
   endif()
 endif()
+
+# The fast linker where there is one.
+find_program(TINTBENCH_LLD ld.lld)
+if(TINTBENCH_LLD)
+  target_link_options(tintbench_settings INTERFACE -fuse-ld=lld)
+endif()

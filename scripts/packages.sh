@@ -3,7 +3,7 @@
 buildPackages=(g++ cmake ninja-build ccache qt6-base-dev qt6-serialport-dev)
 # The program's own window: a platform for each kind of desktop, and letters to write with.
 windowPackages=(qt6-qpa-plugins qt6-wayland fonts-dejavu-core)
-checkPackages=(libgtest-dev libgmock-dev clang clang-format clang-tidy libclang-rt-dev lrzsz
+checkPackages=(libgtest-dev libgmock-dev clang clang-format clang-tidy libclang-rt-dev lld lrzsz
   fonts-dejavu-core)
 benchPackages=(xvfb xdotool lrzsz qt6-qpa-plugins fonts-dejavu-core)
 

@@ -11,7 +11,6 @@ constexpr int kDonePlace = 2;
 constexpr int kTotalPlace = 4;
 constexpr int kCyclesPlace = 6;
 constexpr int kNumberWidth = 2;
-constexpr int kCodeWidth = 4;
 
 // Reads an answer by positions from 1.
 class AnswerReader {

@@ -9,6 +9,9 @@
 
 namespace tintbench::autotest {
 
+// Characters of an error's code in the record.
+inline constexpr int kCodeWidth = 4;
+
 struct AutotestCycle {
   std::string Label;  // the cycle's number in decimal, and a mark if there is something with it
   // The number of errors, the codes of four characters each without separator, "," behind both.

@@ -10,7 +10,6 @@ namespace tintbench::autotest {
 namespace {
 
 constexpr int kAutotestRow = 9;  // of the command table
-constexpr int kCodeWidth = 4;
 constexpr ui::Colour kBlue{0xFF0000};
 constexpr ui::Colour kRed{0x0000FF};
 

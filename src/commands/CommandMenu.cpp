@@ -15,7 +15,6 @@ constexpr const char* kNoCommand = "< NO COMMAND AVAILABLE >";
 constexpr const char* kAborted = "[ command aborted ]";
 constexpr const char* kIncorrect = "[ INCORRECT STRING ]";
 constexpr const char* kStopped = "( process stopped )";
-constexpr int kReset = 33;
 constexpr std::size_t kMostRecent = 12;
 
 struct Group {
@@ -33,7 +32,7 @@ enum TextBoxIndex : int { kSent = 0, kReceived = 1, kStatus = 2 };
 
 // Caps and the reset take as long as the machine at hand does.
 bool MovesSomething(int row) {
-  return (row >= rows::kCapOpen && row <= rows::kCapIntermediate) || row == kReset;
+  return (row >= rows::kCapOpen && row <= rows::kCapIntermediate) || row == rows::kReset;
 }
 
 // The command as it is shown while it is under way.

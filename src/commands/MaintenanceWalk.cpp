@@ -19,7 +19,7 @@ constexpr int kLargestSpeed = 999;
 
 // The motor's speed in an answer, in hundredths of a turn per minute, and how often it is asked.
 constexpr int kSpeedPosition = 12;
-constexpr int kSpeedDigits = 10;
+constexpr int kMotorDigits = 10;
 constexpr double kSpeedUnit = 100.0;
 constexpr double kWatchPause = 1.0;  // seconds
 
@@ -178,7 +178,7 @@ bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
     const std::string answer = window_.Send(rows::kMotorSpeed, motor);
     const bool good = base::Left(answer, 1) == "A";
     if (good) {
-      const std::string digits = base::Mid(answer, kSpeedPosition, kSpeedDigits);
+      const std::string digits = base::Mid(answer, kSpeedPosition, kMotorDigits);
       line = SpeedLine(base::PlainNumber(base::LeadingNumber(digits) / kSpeedUnit));
     }
     window_.ShowReport(before + line + (good ? "" : kInvalidData));

@@ -237,9 +237,7 @@ bool FactsReader::TakeFunctions(const Parameters& line) {
 bool FactsReader::TakeGroupTimes(const Parameters& line) {
   const std::string timeout = line[3];
   if (timeout.empty()) return false;
-  constexpr double kLargest = std::numeric_limits<float>::max();
-  const double seconds = std::clamp(base::LeadingNumber(timeout), -kLargest, kLargest);
-  facts_.ResetTimeout = static_cast<float>(seconds);
+  facts_.ResetTimeout = base::LeadingNumber(timeout);
   return true;
 }
 

@@ -43,7 +43,7 @@ struct MachineFacts {
   int MonoPurgeLimit = 0;  // 1 to 4, or 0
   std::string MachineLabel;
   int ValveTestTime = 0;         // seconds, up to 600
-  float ResetTimeout = 0;        // seconds
+  double ResetTimeout = 0;       // seconds
   std::string CircuitCapList;    // two-digit cap of each circuit, in the order of the circuits
   std::string CircuitMotorList;  // two-digit motor of each circuit
   std::string CapTypeList;

@@ -114,7 +114,7 @@ float CommandTable::CommandTimeout(std::string_view argument, int row,
     const int place = base::FindField(argument, facts.ElementLists[config::kCaps], ",");
     configured = base::LeadingNumber(base::GetField(place, facts.CapTimeList, ","));
   } else if (row == kMachineReset) {
-    configured = static_cast<double>(facts.ResetTimeout);
+    configured = facts.ResetTimeout;
   }
   if (configured > 0) seconds = std::min(configured, kLongestConfiguredTime);
   if (configured > kLongestConfiguredTime) {

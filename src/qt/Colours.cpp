@@ -54,7 +54,8 @@ Roles RolesOf(const QWidget& widget) {
   return {QPalette::Window, QPalette::WindowText};
 }
 
-double Linear(double part) {
+double Linear(float share) {
+  const auto part = static_cast<double>(share);
   return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
 }
 

@@ -11,7 +11,6 @@ namespace {
 // What a panel's button and the card keep in their tags.
 constexpr const char* kNormal = "0";
 constexpr const char* kLarge = "1";
-constexpr const char* kFocusWanted = "1";
 
 constexpr double kRelayPause = 0.4;      // seconds before a panel is laid out anew
 constexpr int kLinkCareInterval = 1000;  // milliseconds

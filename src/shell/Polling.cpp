@@ -13,7 +13,6 @@ constexpr int kInterval = 800;  // milliseconds
 constexpr double kShortPause = 1.0;
 // The divider counts from here to 1: one tick in four asks for the status.
 constexpr int kStatusAsked = -3;
-constexpr const char* kFocusWanted = "1";
 
 }  // namespace
 

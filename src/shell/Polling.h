@@ -18,6 +18,9 @@
 
 namespace tintbench::shell {
 
+// The card's tag from its press on: the next tick gives it the keyboard focus.
+inline constexpr const char* kFocusWanted = "1";
+
 // What polling shows itself in.
 struct PollingView {
   ui::Timer& Timer1;

@@ -129,7 +129,7 @@ Reply StoreStatistics(Plant& plant, const std::string&, double now) {
   return {"A", 0.5};
 }
 
-constexpr std::array kRows = {
+constexpr std::array kDataRows = {
     CommandRow{"R", 9, 9, Characters::Any, ReadMemory},
     CommandRow{"W", 13, 13, Characters::Any, WriteMemory},
     CommandRow{"NM", 2, 128, Characters::Digits, CreateMask},
@@ -144,6 +144,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const CommandRow> DataCommands() { return kRows; }
+std::span<const CommandRow> DataCommands() { return kDataRows; }
 
 }  // namespace tintbench::simulator

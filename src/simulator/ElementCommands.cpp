@@ -112,7 +112,7 @@ Reply TestValves(Plant& plant, const std::string&, double now) {
   return plant.SpiEnabled && plant.TheValveTest.Begin(now, plant.Errors) ? Reply{"A"} : Refused();
 }
 
-constexpr std::array kRows = {
+constexpr std::array kElementRows = {
     CommandRow{"A", 2, kMostDigits, Characters::Digits, SwitchValves<true>},
     CommandRow{"G", 2, kMostDigits, Characters::Digits, SwitchValves<false>},
     CommandRow{"B", 2, kMostDigits, Characters::Digits, SwitchStirrings<true>},
@@ -133,6 +133,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const CommandRow> ElementCommands() { return kRows; }
+std::span<const CommandRow> ElementCommands() { return kElementRows; }
 
 }  // namespace tintbench::simulator

@@ -8,7 +8,7 @@ namespace tintbench::simulator {
 
 namespace {
 
-struct Process {
+struct ProcessKind {
   std::string_view Name;
   ProcessGroup Group;
   int UsualMinutes;           // of its interval
@@ -20,9 +20,9 @@ struct Process {
 constexpr std::size_t kStirring = 0;
 constexpr std::size_t kCirculation = 1;
 constexpr std::array kProcesses = {
-    Process{"stirring", ProcessGroup::Timed, 120, 5, "@AGI", 6},
-    Process{"circulation", ProcessGroup::Timed, 120, 2, "@MOT", 11},
-    Process{"dispensing", ProcessGroup::Master, 30, 0, "@CIR", 0},
+    ProcessKind{"stirring", ProcessGroup::Timed, 120, 5, "@AGI", 6},
+    ProcessKind{"circulation", ProcessGroup::Timed, 120, 2, "@MOT", 11},
+    ProcessKind{"dispensing", ProcessGroup::Master, 30, 0, "@CIR", 0},
 };
 
 constexpr double kDispensingSeconds = 8.0;
@@ -32,7 +32,7 @@ constexpr double kNotComing = std::numeric_limits<double>::infinity();
 }  // namespace
 
 double Processes::Interval(std::size_t kind) const {
-  const Process& process = kProcesses[kind];
+  const ProcessKind& process = kProcesses[kind];
   const int minutes =
       process.IntervalField == 0
           ? process.UsualMinutes
@@ -111,7 +111,7 @@ void Processes::Step(std::size_t kind, double when) {
 }
 
 void Processes::Start(std::size_t kind, double when) {
-  const Process& process = kProcesses[kind];
+  const ProcessKind& process = kProcesses[kind];
   if (process.ActivityField == 0) return Dispense(when);
   for (const int element : configuration_.Elements(process.Table)) {
     const int seconds = configuration_.Number(process.Table, element, process.ActivityField, 0);

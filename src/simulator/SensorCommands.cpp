@@ -81,7 +81,7 @@ Reply ReadGroupInput(Plant& plant, const std::string& argument, double now) {
   return {plant.TheGroups.Read(input, now, plant.Errors), kGroupSeconds};
 }
 
-constexpr std::array kRows = {
+constexpr std::array kSensorRows = {
     CommandRow{"IR", 0, 0, Characters::Any, ReadInputs},
     CommandRow{"UR", 0, 0, Characters::Any, ReadOutputs},
     CommandRow{"IU", 0, 0, Characters::Any, ReadBoth},
@@ -98,6 +98,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const CommandRow> SensorCommands() { return kRows; }
+std::span<const CommandRow> SensorCommands() { return kSensorRows; }
 
 }  // namespace tintbench::simulator

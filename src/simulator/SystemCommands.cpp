@@ -51,7 +51,7 @@ Reply TakeConfiguration(Plant& plant, const std::string&, double) {
 
 constexpr auto kAny = Characters::Any;
 
-constexpr std::array kRows = {
+constexpr std::array kSystemRows = {
     CommandRow{"PB", 0, 0, kAny, HoldProcesses<ProcessGroup::Timed, true>},
     CommandRow{"PR", 0, 0, kAny, HoldProcesses<ProcessGroup::Timed, false>},
     CommandRow{"PM", 0, 0, kAny, HoldProcesses<ProcessGroup::Master, true>},
@@ -67,6 +67,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const CommandRow> SystemCommands() { return kRows; }
+std::span<const CommandRow> SystemCommands() { return kSystemRows; }
 
 }  // namespace tintbench::simulator

@@ -12,9 +12,9 @@ namespace tintbench::stats {
 
 namespace {
 
-constexpr int kReceived = 0;
-constexpr int kSaved = 1;
-constexpr std::array<const char*, 2> kUnits{"seconds", "events"};
+constexpr int kReceivedSide = 0;
+constexpr int kSavedSide = 1;
+constexpr std::array<const char*, 2> kDatumUnits{"seconds", "events"};
 
 using BothSides = std::array<ElementValues, 2>;
 
@@ -31,8 +31,8 @@ OverviewCell DateCell(const std::optional<base::LocalTime>& time) {
 }
 
 std::optional<double> DaysOf(const BothSides& sides) {
-  if (!sides[kReceived].Stamp || !sides[kSaved].Stamp) return std::nullopt;
-  return DaysBetween(*sides[kSaved].Stamp, *sides[kReceived].Stamp);
+  if (!sides[kReceivedSide].Stamp || !sides[kSavedSide].Stamp) return std::nullopt;
+  return DaysBetween(*sides[kSavedSide].Stamp, *sides[kReceivedSide].Stamp);
 }
 
 std::optional<double> NumberOf(const BothSides& sides, int side, std::size_t datum) {
@@ -42,8 +42,8 @@ std::optional<double> NumberOf(const BothSides& sides, int side, std::size_t dat
 
 // Received, saved, difference, and the difference a day.
 void AddDatum(OverviewRow& row, const BothSides& sides, std::size_t datum) {
-  const std::optional<double> received = NumberOf(sides, kReceived, datum);
-  const std::optional<double> saved = NumberOf(sides, kSaved, datum);
+  const std::optional<double> received = NumberOf(sides, kReceivedSide, datum);
+  const std::optional<double> saved = NumberOf(sides, kSavedSide, datum);
   const std::optional<double> days = DaysOf(sides);
   std::optional<double> difference;
   if (received && saved) difference = *received - *saved;
@@ -110,7 +110,7 @@ std::string DatesText(const std::vector<BothSides>& rows) {
     const OverviewCell cell = DateCell(last[side].Stamp);
     return cell.Text.empty() ? std::string("-") : cell.Text;
   };
-  std::string text = "Received: " + words(kReceived) + "   Saved: " + words(kSaved);
+  std::string text = "Received: " + words(kReceivedSide) + "   Saved: " + words(kSavedSide);
   if (const auto days = DaysOf(last)) text += "   Between: " + NumberCell(days, 1).Text + " days";
   return text;
 }
@@ -147,16 +147,16 @@ OverviewTable BuildOverview(const StatCatalogue& catalogue, int tab, const std::
   OverviewTable table{.Columns = {"Element"}};
   std::vector<BothSides> all;
   for (const std::string& element : AllElements(tab, elements, sides)) {
-    all.push_back({ValuesIn(sides[kReceived], catalogue, tab, element),
-                   ValuesIn(sides[kSaved], catalogue, tab, element)});
+    all.push_back({ValuesIn(sides[kReceivedSide], catalogue, tab, element),
+                   ValuesIn(sides[kSavedSide], catalogue, tab, element)});
     const bool named = !element.empty();
     const std::string name(named ? std::string_view(element) : TypeOf(tab).Caption);
     table.Rows.push_back({{{.Text = name, .Number = base::LeadingNumber(name)}}});
   }
-  for (std::size_t datum = 0; datum < kUnits.size(); ++datum) {
+  for (std::size_t datum = 0; datum < kDatumUnits.size(); ++datum) {
     if (!catalogue.HasDatum(tab, static_cast<int>(datum) + 1)) continue;
     const std::size_t column = table.Columns.size();
-    const std::string unit = kUnits.at(datum);
+    const std::string unit = kDatumUnits.at(datum);
     for (const char* what : {"Received ", "Saved ", "Difference ", "A day "}) {
       table.Columns.push_back(what + unit);
     }
@@ -165,8 +165,8 @@ OverviewTable BuildOverview(const StatCatalogue& catalogue, int tab, const std::
   }
   for (const char* what : {"Received on", "Saved on", "Days"}) table.Columns.emplace_back(what);
   for (std::size_t row = 0; row < all.size(); ++row) {
-    table.Rows[row].Cells.push_back(DateCell(all[row][kReceived].Stamp));
-    table.Rows[row].Cells.push_back(DateCell(all[row][kSaved].Stamp));
+    table.Rows[row].Cells.push_back(DateCell(all[row][kReceivedSide].Stamp));
+    table.Rows[row].Cells.push_back(DateCell(all[row][kSavedSide].Stamp));
     table.Rows[row].Cells.push_back(NumberCell(DaysOf(all[row]), 1));
   }
   table.Dates = DatesText(all);

@@ -134,7 +134,7 @@ TEST_F(Facts, DrawsAllFacts) {
   EXPECT_EQ(facts_.MonoPurgeLimit, 4);
   EXPECT_EQ(facts_.MachineLabel, "PERLIA POMPE MONO");
   EXPECT_EQ(facts_.ValveTestTime, 600);
-  EXPECT_EQ(facts_.ResetTimeout, 12.5F);
+  EXPECT_EQ(facts_.ResetTimeout, 12.5);
   EXPECT_EQ(facts_.CircuitCapList, "01,00,");
   EXPECT_EQ(facts_.CircuitMotorList, "01,02,");
   EXPECT_EQ(facts_.CapTypeList, "3,0,15,");

@@ -1,8 +1,10 @@
 #include "layout/SourceRules.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <set>
+#include <span>
 #include <sstream>
 #include <string_view>
 
@@ -18,121 +20,21 @@ const std::map<std::string, int, std::less<>> kFloors = {
     {"autotest", 6}, {"simulator", 6}, {"shell", 7},  {"qt", 8},     {"app", 9}};
 
 constexpr std::string_view kSimulatorsWindow = "link/SerialPort.h";
-constexpr std::string_view kClockFile = "base/Clock.cpp";
 constexpr int kLongestFile = 400;
 constexpr int kLinesToSayWhy = 15;
 
-// The C++20 library, and the C headers with their C++ names.
-const Names kStandardHeaders = {"algorithm",
-                                "any",
-                                "array",
-                                "atomic",
-                                "barrier",
-                                "bit",
-                                "bitset",
-                                "cassert",
-                                "cctype",
-                                "cerrno",
-                                "cfenv",
-                                "cfloat",
-                                "charconv",
-                                "chrono",
-                                "cinttypes",
-                                "climits",
-                                "clocale",
-                                "cmath",
-                                "codecvt",
-                                "compare",
-                                "complex",
-                                "concepts",
-                                "condition_variable",
-                                "coroutine",
-                                "csetjmp",
-                                "csignal",
-                                "cstdarg",
-                                "cstddef",
-                                "cstdint",
-                                "cstdio",
-                                "cstdlib",
-                                "cstring",
-                                "ctime",
-                                "cuchar",
-                                "cwchar",
-                                "cwctype",
-                                "deque",
-                                "exception",
-                                "execution",
-                                "filesystem",
-                                "format",
-                                "forward_list",
-                                "fstream",
-                                "functional",
-                                "future",
-                                "initializer_list",
-                                "iomanip",
-                                "ios",
-                                "iosfwd",
-                                "iostream",
-                                "istream",
-                                "iterator",
-                                "latch",
-                                "limits",
-                                "list",
-                                "locale",
-                                "map",
-                                "memory",
-                                "memory_resource",
-                                "mutex",
-                                "new",
-                                "numbers",
-                                "numeric",
-                                "optional",
-                                "ostream",
-                                "queue",
-                                "random",
-                                "ranges",
-                                "ratio",
-                                "regex",
-                                "scoped_allocator",
-                                "semaphore",
-                                "set",
-                                "shared_mutex",
-                                "source_location",
-                                "span",
-                                "sstream",
-                                "stack",
-                                "stdexcept",
-                                "stop_token",
-                                "streambuf",
-                                "string",
-                                "string_view",
-                                "strstream",
-                                "syncstream",
-                                "system_error",
-                                "thread",
-                                "tuple",
-                                "type_traits",
-                                "typeindex",
-                                "typeinfo",
-                                "unordered_map",
-                                "unordered_set",
-                                "utility",
-                                "valarray",
-                                "variant",
-                                "vector",
-                                "version"};
+// What nobody writes who doesn't want the time of day, a stop-watch or a sleep. A clock's type is
+// no use of it, since the time stamps of files are told in one.
+constexpr std::array<std::string_view, 18> kClockUses = {
+    "::now(",         "std::time(",      "::time(nullptr", "gettimeofday", "clock_gettime",
+    "timespec_get",   "sleep_for",       "sleep_until",    "usleep(",      "nanosleep",
+    "msleep(",        "QDateTime::curr", "QDate::curr",    "QTime::curr",  "QElapsedTimer",
+    "QDeadlineTimer", "GetTickCount",    "GetSystemTime"};
 
-// Names that nobody writes who doesn't want the time of day, a stop-watch or a sleep. A clock's
-// type is no use of it, since the time stamps of files are told in one.
-const Names kClockNames = {"gettimeofday",  "ftime",          "clock_gettime",
-                           "timespec_get",  "sleep_for",      "sleep_until",
-                           "usleep",        "nanosleep",      "msleep",
-                           "QDateTime",     "QDate",          "QTime",
-                           "QElapsedTimer", "QDeadlineTimer", "GetTickCount",
-                           "GetSystemTime", "GetLocalTime",   "QueryPerformanceCounter"};
-
-// Ordinary words that are clock calls if a bracket follows.
-const Names kClockCalls = {"time", "clock", "sleep", "now"};
+// What opens, names or makes files.
+constexpr std::array<std::string_view, 10> kFileUses = {
+    "fstream",        "filebuf",   "fopen(",  "freopen(",           "QSaveFile",
+    "QTemporaryFile", "QSettings", "mkstemp", "filesystem::rename", "create_director"};
 
 std::string Fault(const SourceFile& file, int line, const std::string& what) {
   return file.Path + ":" + std::to_string(line) + ": " + what;
@@ -146,6 +48,12 @@ int FloorOf(std::string_view folder) {
 bool IsDesktop(const SourceFile& file) {
   const std::string folder = FolderOf(file.Path);
   return folder == "qt" || folder == "app";
+}
+
+// The standard library's headers alone have names of small letters, without a folder or an ending.
+bool IsStandardName(const std::string& header) {
+  return std::all_of(header.begin(), header.end(),
+                     [](char c) { return (c >= 'a' && c <= 'z') || c == '_'; });
 }
 
 bool MayInclude(const std::string& folder, const Include& include) {
@@ -176,7 +84,7 @@ Faults FindForeignHeaders(const std::vector<SourceFile>& files) {
   for (const SourceFile& file : files) {
     if (IsDesktop(file)) continue;
     for (const Include& include : IncludesOf(file.Text)) {
-      if (include.Quoted || kStandardHeaders.contains(include.Name)) continue;
+      if (include.Quoted || IsStandardName(include.Name)) continue;
       faults.push_back(Fault(file, include.Line, "<" + include.Name + "> is no standard header"));
     }
   }
@@ -217,15 +125,21 @@ class CycleSearch {
   Faults faults_;
 };
 
-// True if the word at `i` is a call of one of the library's clock functions, and neither a
-// member of some object nor the name in a declaration.
-bool IsClockCall(const std::vector<Token>& tokens, std::size_t i) {
-  if (!kClockCalls.contains(tokens[i].Text)) return false;
-  if (i + 1 >= tokens.size() || tokens[i + 1].Text != "(") return false;
-  const std::string before = i > 0 ? tokens[i - 1].Text : ";";
-  if (before == "::") return true;
-  if (tokens[i].Text == "now" || before == "." || before == "->") return false;
-  return before == "return" || !IsWord({0, before});
+// One fault for each of the texts that a file holds, but for the files that may.
+Faults UsesOf(std::span<const std::string_view> texts, const Names& allowed,
+              const std::string& what, const std::vector<SourceFile>& files) {
+  Faults faults;
+  for (const SourceFile& file : files) {
+    if (allowed.contains(file.Path)) continue;
+    for (const std::string_view text : texts) {
+      const std::size_t place = file.Text.find(text);
+      if (place == std::string::npos) continue;
+      const auto start = file.Text.begin();
+      const auto lines = std::count(start, start + static_cast<std::ptrdiff_t>(place), '\n');
+      faults.push_back(Fault(file, static_cast<int>(lines) + 1, what));
+    }
+  }
+  return faults;
 }
 
 }  // namespace
@@ -233,16 +147,13 @@ bool IsClockCall(const std::vector<Token>& tokens, std::size_t i) {
 Faults FindIncludeCycles(const std::vector<SourceFile>& files) { return CycleSearch(files).Run(); }
 
 Faults FindClockUses(const std::vector<SourceFile>& files) {
-  Faults faults;
-  for (const SourceFile& file : files) {
-    if (file.Path == kClockFile) continue;
-    const std::vector<Token> tokens = TokensOf(file.Text);
-    for (std::size_t i = 0; i < tokens.size(); ++i) {
-      if (!kClockNames.contains(tokens[i].Text) && !IsClockCall(tokens, i)) continue;
-      faults.push_back(Fault(file, tokens[i].Line, "uses the system's " + tokens[i].Text));
-    }
-  }
-  return faults;
+  return UsesOf(kClockUses, {"base/Clock.cpp"}, "asks the system's clock", files);
+}
+
+Faults FindFileUses(const std::vector<SourceFile>& files) {
+  // The simulated machine's program is another one.
+  return UsesOf(kFileUses, {"base/StandardFileSystem.cpp", "app/machine_main.cpp"},
+                "touches files by itself", files);
 }
 
 Faults FindLongFiles(const std::vector<SourceFile>& files) {

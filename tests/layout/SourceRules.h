@@ -1,5 +1,5 @@
-// The rules that the program's sources keep: which folder may know which, where time and the
-// operating system may be touched, and that nothing mutable is shared behind the objects' backs.
+// The rules that the program's sources keep: which folder may know which, and where time and the
+// operating system may be touched.
 #pragma once
 
 #include <string>
@@ -27,11 +27,10 @@ Faults FindIncludeCycles(const std::vector<SourceFile>& files);
 // Only base/Clock.cpp asks for the time or sleeps.
 Faults FindClockUses(const std::vector<SourceFile>& files);
 
+// Only base/StandardFileSystem.cpp touches files, or a test could make no operation fail.
+Faults FindFileUses(const std::vector<SourceFile>& files);
+
 // A file of more than 400 lines says in one of its first 15 why it is "Longer than" that.
 Faults FindLongFiles(const std::vector<SourceFile>& files);
-
-// No variable outlives its scope: no global, static or thread-local one that can change. Read
-// from the text, so macros and aliases can hide one.
-Faults FindMutableGlobals(const std::vector<SourceFile>& files);
 
 }  // namespace tintbench::layout

@@ -1,5 +1,5 @@
-// Reads the program's sources as text: the files of the tree, their includes, and their code as
-// a row of tokens without comments, so that rules about the sources can be checked.
+// Reads the program's sources as text: the files of the tree and their includes, so that rules
+// about the sources can be checked.
 #pragma once
 
 #include <filesystem>
@@ -22,13 +22,6 @@ struct Include {
   bool Quoted = false;  // "..." rather than <...>
 };
 
-// A word, a number, a literal or a punctuation mark of the code. "::" and "->" are one token; a
-// text or character literal is the token "\"\"" whatever it holds.
-struct Token {
-  int Line = 0;
-  std::string Text;
-};
-
 // All .h and .cpp files below `root`, sorted by path. Empty if there is no such folder.
 std::vector<SourceFile> ReadSources(const std::filesystem::path& root);
 
@@ -37,11 +30,5 @@ std::string FolderOf(std::string_view path);
 
 // The #include lines of a text, in order.
 std::vector<Include> IncludesOf(const std::string& text);
-
-// The code of a text without comments and preprocessor lines.
-std::vector<Token> TokensOf(const std::string& text);
-
-// True if the token is a name or keyword.
-bool IsWord(const Token& token);
 
 }  // namespace tintbench::layout

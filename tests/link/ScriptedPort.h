@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <deque>
 #include <functional>
-#include <source_location>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,7 +37,14 @@ inline std::string Readable(std::string_view bytes) {
 // check that the program took its time.
 class ScriptedPort final : public link::SerialPort {
  public:
-  using Where = std::source_location;
+  // The line of the test that a step was written in.
+  struct Where {
+    const char* File;
+    int Line;
+    static Where Current(const char* file = __builtin_FILE(), int line = __builtin_LINE()) {
+      return {file, line};
+    }
+  };
 
   // An opening that was tried, with what it was tried on.
   struct Opening {
@@ -54,31 +60,31 @@ class ScriptedPort final : public link::SerialPort {
   ScriptedPort& operator=(const ScriptedPort&) = delete;
 
   // The program must write exactly these bytes, in one `Output` or several.
-  ScriptedPort& Expect(std::string_view bytes, Where where = Where::current()) {
+  ScriptedPort& Expect(std::string_view bytes, Where where = Where::Current()) {
     if (!bytes.empty()) steps_.push_back({Want{std::string(bytes)}, where});
     return *this;
   }
   // These bytes arrive, as fast as the input buffer takes them.
-  ScriptedPort& Reply(std::string_view bytes, Where where = Where::current()) {
+  ScriptedPort& Reply(std::string_view bytes, Where where = Where::Current()) {
     if (!bytes.empty()) steps_.push_back({Delivery{std::string(bytes)}, where});
     return *this;
   }
   // The other end is silent for so long.
-  ScriptedPort& Wait(double seconds, Where where = Where::current()) {
+  ScriptedPort& Wait(double seconds, Where where = Where::Current()) {
     steps_.push_back({Silence{seconds}, where});
     return *this;
   }
   // These bytes arrive one by one with so many seconds before each.
-  ScriptedPort& Trickle(std::string_view bytes, double seconds, Where where = Where::current()) {
+  ScriptedPort& Trickle(std::string_view bytes, double seconds, Where where = Where::Current()) {
     for (const char byte : bytes) Wait(seconds, where).Reply({&byte, 1}, where);
     return *this;
   }
   // The line is lost: the port closes by itself.
-  ScriptedPort& Disconnect(Where where = Where::current()) {
+  ScriptedPort& Disconnect(Where where = Where::Current()) {
     return Do([this] { Close(); }, where);
   }
   // Something happens at this place of the script.
-  ScriptedPort& Do(std::function<void()> action, Where where = Where::current()) {
+  ScriptedPort& Do(std::function<void()> action, Where where = Where::Current()) {
     steps_.push_back({Action{std::move(action)}, where});
     return *this;
   }
@@ -261,7 +267,7 @@ class ScriptedPort final : public link::SerialPort {
       ADD_FAILURE() << when << what << "\n  behind the script's end";
     } else {
       const Where& place = steps_.front().Place;
-      ADD_FAILURE_AT(place.file_name(), static_cast<int>(place.line())) << when << what;
+      ADD_FAILURE_AT(place.File, place.Line) << when << what;
     }
   }
 

@@ -1,5 +1,5 @@
 // A machine on a desk: virtual clock, machine and port, with the few operations that the tests
-// of the machine need. Speaks no protocol of its own but a plain Xmodem peer for each direction.
+// of the machine need. Speaks no protocol of its own.
 #pragma once
 
 #include <string>

@@ -1,7 +1,6 @@
 // What can be told to the machine, its faults, and input that no machine should be given.
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
 #include <random>
 
@@ -86,28 +85,16 @@ struct AnswerFault {
 TEST(TellTest, FaultsOfAnAnswer) {
   for (const AnswerFault& fault : {AnswerFault{"fault silent", "#jf*", ""},
                                    {"fault silent #jf*", "#jf*", ""},
-                                   {"fault silent #jf*", "#s*", "K00"},
                                    {"fault silent #a0102*", "#a01*", "A01"},
                                    {"fault silent #a0102*", "#a0102*", ""},
-                                   {"fault short", "#jf*", "A V 5."},
                                    {"fault short 3 #jf*", "#jf*", "A V "},
                                    {"fault short #jf* 3", "#jf*", "A V "},
                                    {"fault short 99", "#jf*", ""},
-                                   {"fault long 2", "#s*", "K00XX"},
                                    {"fault refuse #cr*", "#cr*", "R"},
                                    {"fault refuse #CR*", "#cr*", "R"},
                                    {"fault refuse #cr*", "#jf*", "A V 5.2"},
                                    {"fault fail #do*", "#do01*", "A01N"},
-                                   {"fault fail", "#uw0000*", "AN"},
-                                   {"fault echo", "#a0102*", "A9102"},
-                                   {"fault twice #jf*", "#jf*", "A V 5.2A V 5.2"},
-                                   {"fault foreign #jf*", "#jf*", "K00"},
-                                   {"fault foreign", "#s*", "A V 5.2"},
-                                   {"fault drop @6", "#jf*", "AV 5.2"},
-                                   {"fault drop @1", "#jf*", ""},
-                                   {"fault double @5", "#jf*", "AA V 5.2"},
-                                   {"fault double @1", "#jf*", "A V 5.2"},
-                                   {"fault none", "#s*", "K00"}}) {
+                                   {"fault fail", "#uw0000*", "AN"}}) {
     Desk desk;
     EXPECT_EQ(desk.Tell(fault.Words), "");
     EXPECT_EQ(desk.Ask(fault.Command, 5.0), fault.Answer) << fault.Words;
@@ -129,19 +116,6 @@ TEST(TellTest, ACountedFaultEndsByItselfAndOneCanBeSwitchedOff) {
   desk.Tell("fault short");
   desk.Tell("fault silent off");
   EXPECT_EQ(desk.Ask("#s*"), "K0");
-}
-
-TEST(TellTest, LateAndPausedAnswers) {
-  Desk desk;
-  desk.Tell("fault late 7");
-  desk.Port.Output("#s*");
-  EXPECT_FALSE(desk.Port.WaitForInput(7.0));
-  EXPECT_TRUE(desk.Port.WaitForInput(0.1));
-  desk.Listen();
-  desk.Tell("fault late off");
-  desk.Tell("fault pause 0.5");
-  EXPECT_EQ(desk.Ask("#jf*", 0.3), "A V");
-  EXPECT_EQ(desk.Listen(0.6), " 5.2");
 }
 
 TEST(TellTest, ALateAnswerComesBehindAnEarlierOne) {
@@ -171,31 +145,6 @@ TEST(TellTest, FaultsOfTheLineHurtAboutAsManyAnswersAsTheirRateSays) {
   EXPECT_EQ(Unhurt("fault drop 0"), 1.0);
 }
 
-// How many bits of the text `a` are others in `b`, which is as long.
-int BitsApart(const std::string& a, const std::string& b) {
-  int bits = 0;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    bits += std::popcount(static_cast<unsigned char>(a[i] ^ b.at(i)));
-  }
-  return bits;
-}
-
-TEST(TellTest, FaultsAtPlacesStrikeEachItsByteAndNoOther) {
-  Desk desk;
-  desk.Tell("fault flip @5");
-  desk.Tell("fault flip @16");
-  desk.Tell("fault insert @27");
-  for (const int bits : {1, 1}) {
-    const std::string answer = desk.Ask("#jf*");
-    ASSERT_EQ(answer.size(), 7U);
-    EXPECT_EQ(BitsApart("A V 5.2", answer), bits);
-  }
-  const std::string longer = desk.Ask("#jf*");
-  EXPECT_EQ(longer.size(), 8U);
-  EXPECT_EQ(longer.substr(0, 1) + longer.substr(2), "A V 5.2") << "put in behind its place";
-  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
-}
-
 // What comes of so many enquiries on a line that changes bytes.
 std::string Changed(const char* seed) {
   Desk desk;
@@ -209,58 +158,6 @@ std::string Changed(const char* seed) {
 TEST(TellTest, RandomFaultsFollowTheirSeed) {
   EXPECT_EQ(Changed("seed 7"), Changed("seed 7"));
   EXPECT_NE(Changed("seed 7"), Changed("seed 8"));
-}
-
-TEST(TellTest, AStreamWithoutEndComesFromItsPlaceOnAndEndsWithTheFault) {
-  Desk desk;
-  desk.Tell("fault babble @6");
-  desk.Port.Output("#jf*");
-  desk.Clock.Sleep(10.0);
-  const std::string stream = desk.Port.Input();
-  EXPECT_EQ(stream.substr(0, 8), "A V 5.2U");
-  EXPECT_NEAR(static_cast<double>(stream.size()), 10.0 * 1920, 100) << "as fast as the line goes";
-  desk.Tell("fault babble off");
-  desk.Listen();
-  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
-  desk.Tell("fault babble 1");
-  desk.Clock.Sleep(2.0);
-  EXPECT_NE(desk.Port.Input(), "");
-  desk.Tell("reset");
-  desk.Listen(10.0);
-  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
-}
-
-TEST(TellTest, TheLineComesOffAtItsByteAndIsPutBack) {
-  Desk desk;
-  desk.Tell("fault unplug @8");
-  desk.Tell("fault replug 4");
-  EXPECT_EQ(desk.Ask("#jf*", 0.0), "");
-  EXPECT_EQ(desk.Listen(0.1), "A V");
-  EXPECT_FALSE(desk.Port.PortOpen());
-  EXPECT_FALSE(desk.Port.PortOpen(true));
-  desk.Clock.Sleep(4.0);
-  EXPECT_FALSE(desk.Port.PortOpen()) << "what was pulled must be opened again";
-  EXPECT_TRUE(desk.Port.PortOpen(true));
-  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
-}
-
-TEST(TellTest, AResetInTheMiddleOfAnAnswerMakesTheMachineDeafForAWhile) {
-  Desk desk;
-  desk.Tell("fault reset @2");
-  EXPECT_EQ(desk.Ask("#jf*"), "");
-  desk.Clock.Sleep(10.0);
-  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
-}
-
-TEST(TellTest, ATransferSurvivesABadLine) {
-  for (const char* words : {"fault drop 0.0005", "fault garble 0.0005", "fault double 0.0005"}) {
-    Desk desk;
-    desk.Tell(words);
-    desk.Ask("#cr*");
-    std::size_t blocks = 0;
-    const std::string file = PeerReceive(desk, 'C', blocks);
-    EXPECT_EQ(file.substr(0, 3888), SampleConfiguration()) << words;
-  }
 }
 
 TEST(TellTest, PowerAndTheResetButton) {
@@ -283,8 +180,8 @@ TEST(TellTest, TheLoaderTakesOneFileAfterAnotherUntilTheLast) {
   desk.Tell("dip 4 on");
   desk.Tell("reset");
   EXPECT_EQ(desk.Ask("#jf*"), "") << "the program doesn't run";
-  EXPECT_EQ(PeerSend(desk, "@IPS 1\r\nfirst\r\n", 1024), "C");
-  EXPECT_EQ(PeerSend(desk, "second\r\n@EPS 1\r\n@PDD 1\r\n", 128), "C");
+  EXPECT_TRUE(PeerSend(desk, "@IPS 1\r\nfirst\r\n", 1024));
+  EXPECT_TRUE(PeerSend(desk, "second\r\n@EPS 1\r\n@PDD 1\r\n"));
   EXPECT_EQ(desk.Listen(10.0), "");
   EXPECT_NE(desk.TheMachine.LoadedProgram().find("first"), std::string::npos);
   EXPECT_NE(desk.TheMachine.LoadedProgram().find("second"), std::string::npos);
@@ -352,7 +249,7 @@ TEST(TellTest, ATransferOfRubbishEndsAndNoConfigurationIsLost) {
 TEST(TellTest, AnEndlessTransferIsBrokenOff) {
   Desk desk;
   desk.Ask("#ct*", 0.1);
-  EXPECT_EQ(PeerSend(desk, std::string(2 << 20, 'x'), 1024), "failed: cancelled");
+  EXPECT_FALSE(PeerSend(desk, std::string(2 << 20, 'x'), 1024));
   desk.Listen();
   EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
 }
