@@ -30,14 +30,14 @@ class FigureWidget;
 class PictureWidget;
 class RowList;
 
-void Bind(ui::Label& control, QLabel& widget);
+// A binding that is given back is for a view that shows more of the control.
+Binding& Bind(ui::Label& control, QLabel& widget);
 void Bind(ui::TextBox& control, QLineEdit& widget);
 // How a long text is read: a new one from its start and a growing one at its end, or each at the
 // place where the operator is.
 enum class Reading { FollowsTheEnd, KeepsItsPlace };
 void Bind(ui::TextBox& control, QPlainTextEdit& widget, Reading reading = Reading::FollowsTheEnd);
 void Bind(ui::RichTextBox& control, QPlainTextEdit& widget);
-// The binding is for a view that shows more of the control.
 Binding& Bind(ui::Button& control, QPushButton& widget);
 void Bind(ui::CheckBox& control, QCheckBox& widget);
 Binding& Bind(ui::OptionButton& control, QRadioButton& widget);
@@ -49,7 +49,7 @@ Binding& Bind(ui::Frame& control, QFrame& widget);  // shows no caption
 void Bind(ui::ProgressBar& control, QProgressBar& widget);
 void Bind(ui::StatusBar& control, QStatusBar& widget);
 void Bind(ui::PictureBox& control, PictureWidget& widget);
-void Bind(ui::Shape& control, FigureWidget& widget);
+Binding& Bind(ui::Shape& control, FigureWidget& widget);
 void Bind(ui::Image& control, FigureWidget& widget);
 
 // Makes the usual widget for the control's kind and binds it: for a text box one of one line or of

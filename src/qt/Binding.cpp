@@ -18,9 +18,7 @@ Binding::Binding(ui::Control& control, QWidget& widget, Dressing dressing)
     : QObject(&widget), control_(&control), widget_(widget), dressing_(dressing) {
   control.AddObserver(*this);
   widget.installEventFilter(this);
-  const QString name = ToQt(control.FullName());
-  widget.setObjectName(name);
-  widget.setAccessibleName(name);
+  widget.setObjectName(ToQt(control.FullName()));
   FollowCommon();
 }
 

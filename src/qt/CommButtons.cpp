@@ -65,11 +65,6 @@ void StopButton::paintEvent(QPaintEvent*) {
   painter.setBrush(QColor(isDown() ? kPressedRed : kStopRed));
   const double corner = Em(*this) / 4.0;
   painter.drawRoundedRect(rect(), corner, corner);
-  painter.setPen(QPen(Qt::white, 2));
-  painter.setBrush(Qt::NoBrush);
-  const double inset = 3;
-  const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-  if (hasFocus()) painter.drawRoundedRect(ring, corner, corner);
   const int em = Em(*this);
   const int words = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
   QRectF sign(0, 0, em * 1.4, em * 1.4);
@@ -112,6 +107,7 @@ OptionCard::OptionCard(QWidget* parent) : QRadioButton(parent) {
 void OptionCard::ShowRunning(bool running) {
   if (running_ == running) return;
   running_ = running;
+  setAccessibleDescription(running ? "running" : "");
   update();
 }
 
@@ -208,10 +204,6 @@ void OptionCard::paintEvent(QPaintEvent*) {
   }
   painter.setFont(ScaledFont(*this, 1, marked));
   PaintWords(painter, rest);
-  if (!hasFocus()) return;
-  painter.setPen(QPen(colours.Words, 1, Qt::DotLine));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), 3, 3);
 }
 
 }  // namespace tintbench::desktop

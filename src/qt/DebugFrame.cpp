@@ -22,6 +22,7 @@ void AddDebugFrame(ui::Form& form, QWidget& view, QBoxLayout& rows) {
     if (text == nullptr) continue;
     auto* const title = new QLabel(ToQt(text->ToolTipText.Get()), group);
     QWidget* const box = MakeWidget(*text, group);
+    title->setBuddy(box);
     box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     row->addWidget(title);
     row->addWidget(box, index + 1);

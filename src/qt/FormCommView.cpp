@@ -4,10 +4,8 @@
 #include <QFontDatabase>
 #include <QFrame>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
@@ -17,10 +15,9 @@
 #include "qt/CommButtons.h"
 #include "qt/DebugFrame.h"
 #include "qt/Look.h"
-#include "qt/PanelArea.h"
+#include "qt/OutputArea.h"
 #include "qt/QtText.h"
 #include "qt/RowList.h"
-#include "qt/SensorPanelView.h"
 
 namespace tintbench::desktop {
 
@@ -49,50 +46,6 @@ QWidget* MakeStatusText(const ui::Form& form, const char* name, int index, int l
   }
   return box;
 }
-
-// What a command brings: the sensor panels, or its report, or both beside each other.
-class OutputArea final : public QWidget {
- public:
-  OutputArea(ui::Form& form, QWidget* parent)
-      : QWidget(parent), panels_(new PanelArea(this, PanelArea::Extent::ShownPanels)) {
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    AddSensorPanels(form, *panels_);
-    row->addWidget(panels_, 1);
-    auto* const frame = form.Find<ui::Frame>("FrameOutput");
-    if (frame == nullptr) return;
-    report_ = new QGroupBox(this);
-    Bind(*frame, *report_);
-    row->addWidget(report_, 1);
-    FillReport(form);
-  }
-
- protected:
-  // An empty place says what it is for.
-  void paintEvent(QPaintEvent*) override {
-    if (!panels_->isHidden() || (report_ != nullptr && !report_->isHidden())) return;
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                     "Sensors and reports are shown here.");
-  }
-
- private:
-  void FillReport(const ui::Form& form) {
-    QWidget* const text = MakeWidget<ui::TextBox>(form, "TextOutput", -1, report_);
-    if (text == nullptr) return;
-    constexpr int kLeastAcross = 30;
-    text->setFont(FixedFont());
-    text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kLeastAcross);
-    auto* const column = new QVBoxLayout(report_);
-    const int margin = Em(*this) / 3;
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->addWidget(text);
-  }
-
-  PanelArea* panels_;
-  QGroupBox* report_ = nullptr;
-};
 
 // Makes the frame of a face, with `share` of its width for its own controls at the left. A window
 // that opens shows one face for good, and that one gets the output at its right.
@@ -163,13 +116,13 @@ QLayout* MakeChoice(const ui::Form& form, QWidget& face) {
   column->setSpacing(Em(face) / 3);
   LetShrink(AddTitled<ui::ComboBox>(form, *column, "LblCmdT", "CmbCtype", face));
   AddFind(form, *column, face);
-  if (QWidget* const title = MakeWidget<ui::Label>(form, "LblCmdS", -1, &face)) {
-    column->addWidget(title);
-  }
+  auto* const title = qobject_cast<QLabel*>(MakeWidget<ui::Label>(form, "LblCmdS", -1, &face));
+  if (title != nullptr) column->addWidget(title);
   for (int group = 0; group < commands::kCommandGroups; ++group) {
     QWidget* const list = MakeWidget<ui::ListBox>(form, "LstCsingle", group, &face);
     if (list == nullptr) continue;
     list->setMinimumHeight(Em(face) * 4);
+    if (title != nullptr) list->setAccessibleName(title->text());
     column->addWidget(list, 1);
   }
   QWidget* const recent = AddTitled<ui::ComboBox>(form, *column, "LblRecent", "CmbRecent", face);
@@ -198,9 +151,10 @@ QLayout* MakeExchange(const ui::Form& form, QWidget& face) {
   auto* const grid = new QGridLayout;
   for (const Field& field : kFields) {
     auto* const title = new QLabel(QString::fromLatin1(field.Title), &face);
+    QWidget* const text = MakeStatusText(form, "TxtIO", field.Index, 3, &face);
+    title->setBuddy(text);
     grid->addWidget(title, field.Row, field.Column);
-    grid->addWidget(MakeStatusText(form, "TxtIO", field.Index, 3, &face), field.Row,
-                    field.Column + 1, field.RowSpan, 1);
+    grid->addWidget(text, field.Row, field.Column + 1, field.RowSpan, 1);
   }
   grid->setColumnStretch(1, 3);
   grid->setColumnStretch(3, 2);

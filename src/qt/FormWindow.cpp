@@ -19,9 +19,7 @@ namespace tintbench::desktop {
 FormWindow::FormWindow(ui::Form& form, const ViewFactory& view, std::function<void()> close)
     : form_(&form), close_(std::move(close)) {
   form.AddObserver(*this);
-  const QString name = ToQt(form.Name());
-  setObjectName(name);
-  setAccessibleName(name);
+  setObjectName(ToQt(form.Name()));
   if (form.IsSplash()) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
   setContextMenuPolicy(Qt::NoContextMenu);
   AddBars();

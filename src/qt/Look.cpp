@@ -8,6 +8,7 @@
 #include <array>
 
 #include "qt/Colours.h"
+#include "qt/FocusRing.h"
 
 namespace tintbench::desktop {
 
@@ -22,6 +23,7 @@ class RoomyStyle : public QProxyStyle {
                 QStyleHintReturn* result) const override {
     if (hint == SH_DialogButtonLayout) return QDialogButtonBox::WinLayout;
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    if (hint == SH_FocusFrame_AboveWidget) return 1;
     return QProxyStyle::styleHint(hint, option, widget, result);
   }
 
@@ -29,6 +31,9 @@ class RoomyStyle : public QProxyStyle {
                   const QWidget* widget) const override {
     const int own = QProxyStyle::pixelMetric(metric, option, widget);
     switch (metric) {
+      case PM_FocusFrameHMargin:
+      case PM_FocusFrameVMargin:
+        return FocusRing::kMargin;
       case PM_LayoutLeftMargin:
       case PM_LayoutTopMargin:
       case PM_LayoutRightMargin:
@@ -40,6 +45,15 @@ class RoomyStyle : public QProxyStyle {
         return own + 4;
       default:
         return own;
+    }
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    if (element == CE_FocusFrame) {
+      FocusRing::Paint(*painter, option->rect, option->palette);
+    } else {
+      QProxyStyle::drawControl(element, option, painter, widget);
     }
   }
 };
@@ -123,7 +137,9 @@ QPalette MakePalette(bool dark) {
 void ApplyLook(QApplication& application, Brightness brightness) {
   const bool dark = brightness == Brightness::Desktop ? IsDark(QApplication::palette())
                                                       : brightness == Brightness::Dark;
-  application.setStyle(new OutlinedStyle);
+  auto* const style = new OutlinedStyle;
+  application.setStyle(style);
+  new FocusRing(application, *style);
   application.setPalette(MakePalette(dark));
 }
 

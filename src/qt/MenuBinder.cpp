@@ -74,6 +74,7 @@ void MenuBinder::Entry::Show() {
   action_.setSeparator(control_->Caption.Get() == kSeparator);
   action_.setEnabled(control_->Enabled);
   action_.setVisible(control_->Visible);
+  if (items_ != nullptr) items_->setAccessibleName(ToQtSpoken(control_->Caption.Get()));
   action_.setCheckable(control_->Checked);
   action_.setChecked(control_->Checked);
 }
@@ -90,9 +91,9 @@ QMenu* MenuBinder::Entry::Items(bool wanted) {
   if (wanted && items_ == nullptr) {
     items_ = std::make_unique<QMenu>(&bar_);
     items_->setObjectName(action_.objectName());
-    items_->setAccessibleName(action_.objectName());
     items_->setToolTipsVisible(true);
     action_.setMenu(items_.get());
+    items_->setAccessibleName(ToQtSpoken(control_->Caption.Get()));
     connect(items_.get(), &QMenu::aboutToShow, this, [this] { Press(); });
   } else if (!wanted && items_ != nullptr) {
     action_.setMenu(static_cast<QMenu*>(nullptr));

@@ -12,7 +12,7 @@ namespace tintbench::desktop {
 
 namespace {
 
-// Follows where a control stands and whether it is shown, until the control dies.
+// Follows where a control stands, until the control dies.
 class PlaceWatch final : public ui::Observer {
  public:
   PlaceWatch(ui::Control& control, std::function<void()> changed)
@@ -25,7 +25,6 @@ class PlaceWatch final : public ui::Observer {
   PlaceWatch(const PlaceWatch&) = delete;
   PlaceWatch& operator=(const PlaceWatch&) = delete;
 
-  bool IsShown() const { return control_ != nullptr && control_->Visible; }
   // In the units of the client area; empty for a control that has no place.
   QRectF Place() const {
     if (control_ == nullptr) return {};
@@ -34,8 +33,7 @@ class PlaceWatch final : public ui::Observer {
 
   void PropertyChanged(const ui::PropertyBase& property) override {
     for (const ui::PropertyBase* part : std::initializer_list<const ui::PropertyBase*>{
-             &control_->Left, &control_->Top, &control_->Width, &control_->Height,
-             &control_->Visible}) {
+             &control_->Left, &control_->Top, &control_->Width, &control_->Height}) {
       if (part->Is(property)) changed_();
     }
   }
@@ -46,12 +44,12 @@ class PlaceWatch final : public ui::Observer {
   std::function<void()> changed_;
 };
 
-// Where a place of the extent stands in an area of that size.
-QRect Scaled(const QRectF& place, const QRectF& extent, const QSize& area) {
-  const double across = area.width() / extent.width();
-  const double down = area.height() / extent.height();
-  return QRectF((place.left() - extent.left()) * across, (place.top() - extent.top()) * down,
-                place.width() * across, place.height() * down)
+// Where a place of the client area stands in an area of that size.
+QRect Scaled(const QRectF& place, const QSize& area) {
+  const double across = area.width() / state::kClientWidth;
+  const double down = area.height() / state::kClientHeight;
+  return QRectF(place.left() * across, place.top() * down, place.width() * across,
+                place.height() * down)
              .toAlignedRect() &
          QRect(QPoint(), area);
 }
@@ -66,13 +64,11 @@ class PanelArea::Place final {
     if (button != nullptr && head != nullptr) button_.emplace(*button, [&area] { area.Arrange(); });
   }
 
-  const PlaceWatch& Frame() const { return frame_; }
-
   // A head that is too low for its title gets what it needs from the panel below it.
-  void Arrange(const QRectF& extent, const QSize& area) {
-    QRect place = Scaled(frame_.Place(), extent, area);
+  void Arrange(const QSize& area) {
+    QRect place = Scaled(frame_.Place(), area);
     if (button_) {
-      QRect head = Scaled(button_->Place(), extent, area);
+      QRect head = Scaled(button_->Place(), area);
       head.setHeight(std::max(head.height(), head_->sizeHint().height()));
       head_->setGeometry(head);
       place.setTop(std::max(place.top(), head.bottom() + 1));
@@ -87,7 +83,7 @@ class PanelArea::Place final {
   std::optional<PlaceWatch> button_;
 };
 
-PanelArea::PanelArea(QWidget* parent, Extent extent) : QWidget(parent), extent_(extent) {}
+PanelArea::PanelArea(QWidget* parent) : QWidget(parent) {}
 
 PanelArea::~PanelArea() = default;
 
@@ -97,16 +93,7 @@ void PanelArea::Add(ui::Frame& frame, QWidget& panel, ui::Button* button, QWidge
 }
 
 void PanelArea::Arrange() {
-  QRectF extent(0, 0, state::kClientWidth, state::kClientHeight);
-  if (extent_ == Extent::ShownPanels) {
-    extent = {};
-    for (const auto& place : places_) {
-      if (place->Frame().IsShown()) extent |= place->Frame().Place();
-    }
-    setVisible(!extent.isEmpty());
-    if (extent.isEmpty()) return;
-  }
-  for (const auto& place : places_) place->Arrange(extent, size());
+  for (const auto& place : places_) place->Arrange(size());
 }
 
 void PanelArea::resizeEvent(QResizeEvent*) { Arrange(); }

@@ -1,4 +1,4 @@
-// The part of a window that holds its sensor panels. The panels keep the proportions of their
+// The part of the main window that holds the sensor panels. They keep the proportions of their
 // frames, whatever size the area has.
 #pragma once
 
@@ -12,12 +12,7 @@ namespace tintbench::desktop {
 
 class PanelArea final : public QWidget {
  public:
-  // What fills the area.
-  enum class Extent {
-    ClientArea,   // the whole client area that the frames have their places in
-    ShownPanels,  // the panels that are shown; without any the area hides
-  };
-  explicit PanelArea(QWidget* parent, Extent extent = Extent::ClientArea);
+  explicit PanelArea(QWidget* parent);
   ~PanelArea() override;
 
   // The panel shows `frame`. Above it stands `head`, which shows `button`; a window without such
@@ -31,7 +26,6 @@ class PanelArea final : public QWidget {
   class Place;
   void Arrange();
 
-  Extent extent_;
   std::vector<std::unique_ptr<Place>> places_;
 };
 

@@ -34,10 +34,6 @@ void PanelHead::paintEvent(QPaintEvent*) {
   QRectF sign(0, 0, Em(*this) * 0.75, Em(*this) * 0.75);
   sign.moveCenter(QPointF(inside.right() - sign.width() / 2, rect().center().y() + 0.5));
   PaintSizeSign(painter, sign);
-  if (!hasFocus()) return;
-  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
 }
 
 // Four corners that point outwards, or inwards while the panel is large.

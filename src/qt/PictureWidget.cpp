@@ -104,7 +104,7 @@ QRectF FigureArea(const QWidget& widget) { return QRectF(widget.rect()).adjusted
 
 }  // namespace
 
-void Bind(ui::Shape& control, FigureWidget& widget) {
+Binding& Bind(ui::Shape& control, FigureWidget& widget) {
   auto* const binding = new Binding(control, widget, Dressing::ByPainting);
   binding->PressAnywhere();
   widget.Paint = [&control, &widget, binding](QPainter& painter) {
@@ -113,6 +113,7 @@ void Bind(ui::Shape& control, FigureWidget& widget) {
   binding->Follow(
       {&control.Form, &control.FillColor, &control.FillSolid, &control.BorderColor, &control.Sign},
       [&widget] { widget.update(); });
+  return *binding;
 }
 
 void Bind(ui::Image& control, FigureWidget& widget) {

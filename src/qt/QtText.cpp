@@ -42,6 +42,14 @@ QString ToQtLines(std::string_view text) {
   return lines;
 }
 
+QString ToQtSpoken(std::string_view caption) {
+  QString words = ToQtLines(caption).replace(QLatin1Char('\n'), QLatin1Char(' '));
+  for (qsizetype mark = words.indexOf('&'); mark >= 0; mark = words.indexOf('&', mark + 1)) {
+    words.remove(mark, 1);  // of two marks the second one stays
+  }
+  return words;
+}
+
 QString ToQtToolTip(std::string_view text) {
   const QString lines = ToQtLines(text);
   return Qt::mightBeRichText(lines) ? Qt::convertFromPlainText(lines) : lines;

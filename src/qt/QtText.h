@@ -14,6 +14,9 @@ QString ToQt(std::string_view text);
 // The same with every line end, CR LF, CR or LF, as one LF: what a widget of several lines takes.
 QString ToQtLines(std::string_view text);
 
+// A caption as it is read out: in one line, without the mark of its mnemonic.
+QString ToQtSpoken(std::string_view caption);
+
 // A tool tip's text, guarded from being taken for mark-up.
 QString ToQtToolTip(std::string_view text);
 

@@ -63,13 +63,14 @@ void SensorIndicator::PaintSquare(QPainter& painter, const QRectF& area) const {
   painter.drawPolyline(mark.data(), static_cast<int>(mark.size()));
 }
 
-void Bind(ui::CheckBox& control, SensorIndicator& widget) {
+Binding& Bind(ui::CheckBox& control, SensorIndicator& widget) {
   auto* const binding = new Binding(control, widget, Dressing::ByPainting);
   binding->Follow({&control.Value}, [&] { widget.setChecked(control.Value == ui::kChecked); });
   binding->Follow({&control.BackColor}, [&] {
     widget.colour_ = control.BackColor;
     widget.update();
   });
+  return *binding;
 }
 
 }  // namespace tintbench::desktop

@@ -8,6 +8,8 @@
 
 namespace tintbench::desktop {
 
+class Binding;
+
 class SensorIndicator final : public QCheckBox {
  public:
   enum class Form { Pill, Square };
@@ -20,7 +22,7 @@ class SensorIndicator final : public QCheckBox {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  friend void Bind(ui::CheckBox& control, SensorIndicator& widget);
+  friend Binding& Bind(ui::CheckBox& control, SensorIndicator& widget);
 
   void PaintPill(QPainter& painter, const QRectF& area, const QColor& fill) const;
   void PaintSquare(QPainter& painter, const QRectF& area) const;
@@ -29,6 +31,6 @@ class SensorIndicator final : public QCheckBox {
   ui::Colour colour_ = ui::kButtonFaceColour;
 };
 
-void Bind(ui::CheckBox& control, SensorIndicator& widget);
+Binding& Bind(ui::CheckBox& control, SensorIndicator& widget);
 
 }  // namespace tintbench::desktop

@@ -19,6 +19,7 @@
 #include "qt/PanelArea.h"
 #include "qt/PanelHead.h"
 #include "qt/PictureWidget.h"
+#include "qt/QtText.h"
 #include "qt/SensorIndicator.h"
 #include "qt/SensorRows.h"
 #include "state/SensorPanels.h"
@@ -82,6 +83,7 @@ void AddLifeSign(ui::Form& form, const char* name, QBoxLayout& row, QWidget& par
   QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   policy.setRetainSizeWhenHidden(true);
   dot->setSizePolicy(policy);
+  dot->setAccessibleName("Sign of life");
   const int edge = Em(parent) * 5 / 8;
   dot->setFixedSize(edge, edge);
   row.addWidget(dot, 0, Qt::AlignVCenter);
@@ -101,43 +103,111 @@ void AddStateLine(ui::Form& form, const PanelNames& names, bool prominent, Card&
   card.Body().addLayout(row);
 }
 
-QWidget* MakeIndicator(ui::Form& form, const char* name, int index, SensorIndicator::Form shape,
-                       QWidget* parent) {
-  auto* const control = form.Find<ui::CheckBox>(name, index);
-  if (control == nullptr) return nullptr;
+// The state in words, for those who hear it.
+const char* StateOf(const ui::CheckBox& box) {
+  if (box.BackColor->IsSystem()) return "no data";
+  return box.Value == ui::kChecked ? "ON" : "OFF";
+}
+
+const char* StateOf(const ui::Shape& lamp) {
+  if (lamp.Sign->empty()) return "no data";
+  return lamp.Sign.Get() == state::kActiveSign ? "ON" : "OFF";
+}
+
+// The sensor that a row of indicators stands for.
+struct Sensor {
+  const ui::Label& Label;
+  Binding& Name;
+};
+
+// Has a screen reader tell the sensor and its state whenever one of the properties has changed.
+template <typename Kind>
+void Speak(const Sensor& sensor, const Kind& control, Binding& binding,
+           std::initializer_list<const ui::PropertyBase*> state, QWidget& indicator) {
+  const auto tell = [&name = sensor.Label, &control, &indicator] {
+    indicator.setAccessibleName(ToQt(name.Caption.Get()) + ": " + StateOf(control));
+  };
+  sensor.Name.Follow({&sensor.Label.Caption}, tell);
+  binding.Follow(state, tell);
+}
+
+QWidget* MakeIndicator(const ui::Form& form, const char* name, int index,
+                       SensorIndicator::Form shape, const Sensor& sensor, QWidget* parent) {
+  auto* const box = form.Find<ui::CheckBox>(name, index);
+  if (box == nullptr) return nullptr;
   auto* const indicator = new SensorIndicator(shape, parent);
-  Bind(*control, *indicator);
+  Speak(sensor, *box, Bind(*box, *indicator), {&box->Value, &box->BackColor}, *indicator);
   return indicator;
 }
 
-void FillRows(ui::Form& form, const PanelNames& names, SensorRows& rows) {
+QWidget* MakeLamp(const ui::Form& form, const char* name, int index, const Sensor& sensor,
+                  QWidget* parent) {
+  auto* const shape = form.Find<ui::Shape>(name, index);
+  if (shape == nullptr) return nullptr;
+  auto* const lamp = new FigureWidget(parent);
+  Speak(sensor, *shape, Bind(*shape, *lamp), {&shape->Sign}, *lamp);
+  return lamp;
+}
+
+void FillRows(const ui::Form& form, const PanelNames& names, SensorRows& rows) {
   for (int index = 0;; ++index) {
     auto* const label = form.Find<ui::Label>(names.Name, index);
     if (label == nullptr) return;
     auto* const name = new RowName(&rows);
-    Bind(*label, *name);
+    const Sensor sensor{*label, Bind(*label, *name)};
     using Form = SensorIndicator::Form;
     const SensorRows::Indicators indicators{
-        MakeIndicator(form, names.Button, index, Form::Pill, &rows),
-        MakeWidget<ui::Shape>(form, names.Lamp, index, &rows),
-        MakeIndicator(form, names.Square, index, Form::Square, &rows)};
+        MakeIndicator(form, names.Button, index, Form::Pill, sensor, &rows),
+        MakeLamp(form, names.Lamp, index, sensor, &rows),
+        MakeIndicator(form, names.Square, index, Form::Square, sensor, &rows)};
     rows.AddRow(indicators, *name);
   }
 }
 
-// The rows, with a scroll bar where they don't fit.
-void AddRows(ui::Form& form, const PanelNames& names, Card& card) {
-  auto* const scroll = new QScrollArea(&card);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setFocusPolicy(Qt::TabFocus);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setWidgetResizable(true);
-  auto* const rows = new SensorRows(scroll->viewport());
-  FillRows(form, names, *rows);
-  scroll->setWidget(rows);
-  // The panel's own ground shows through.
-  rows->setAutoFillBackground(false);
-  scroll->viewport()->setAutoFillBackground(false);
+// The rows, with a scroll bar where they are too many. Wide enough for the names if it can be.
+class RowScroll final : public QScrollArea {
+ public:
+  explicit RowScroll(QWidget* parent) : QScrollArea(parent), rows_(new SensorRows(viewport())) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::TabFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+  }
+
+  SensorRows& Rows() { return *rows_; }
+  // To be called once all rows are there.
+  void TakeRows() {
+    setWidget(rows_);
+    // The panel's own ground shows through.
+    rows_->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+  }
+
+  QSize minimumSizeHint() const override {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return {rows_->WholeWidth() + bar, QScrollArea::minimumSizeHint().height()};
+  }
+
+ protected:
+  // Names that came while nothing was shown have not asked for room yet.
+  void showEvent(QShowEvent* event) override {
+    updateGeometry();
+    QScrollArea::showEvent(event);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == rows_ && event->type() == QEvent::LayoutRequest) updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
+  }
+
+ private:
+  SensorRows* rows_;
+};
+
+void AddRows(const ui::Form& form, const PanelNames& names, Card& card) {
+  auto* const scroll = new RowScroll(&card);
+  FillRows(form, names, scroll->Rows());
+  scroll->TakeRows();
+  scroll->setAccessibleName(card.accessibleName());
   card.Body().addWidget(scroll, 1);
 }
 
@@ -151,6 +221,7 @@ void FillSensorPanel(ui::Form& form, int panel, Card& card) {
 class ErrorTexts final : public QPlainTextEdit {
  public:
   explicit ErrorTexts(QWidget* parent) : QPlainTextEdit(parent) {
+    setAccessibleName("Errors of the machine");
     setPlaceholderText("The machine's errors are listed here.");
   }
 
@@ -177,6 +248,7 @@ void FillCardPanel(ui::Form& form, int, Card& card) {
   if (auto* const picture = form.Find<ui::PictureBox>("GRPicIOcard")) {
     auto* const widget = new PictureWidget(&card);
     widget->KeepShape(true);
+    widget->setAccessibleName(card.accessibleName());
     Bind(*picture, *widget);
     card.Body().addWidget(widget, 1);
   }
@@ -189,10 +261,12 @@ constexpr std::array<Filler, state::kPanels> kFillers{FillSensorPanel, FillSenso
                                                       FillStatusPanel, FillCardPanel};
 
 // The title of a panel that has no head.
-void AddTitle(ui::Form& form, int panel, Card& card) {
-  QWidget* const title = MakeWidget<ui::Label>(form, "LblTitle", panel, &card);
-  if (title == nullptr) return;
+void AddTitle(const ui::Form& form, int panel, Card& card) {
+  auto* const label = form.Find<ui::Label>("LblTitle", panel);
+  if (label == nullptr) return;
+  QWidget* const title = MakeWidget(*label, &card);
   title->setFont(ScaledFont(card, 1, true));
+  card.setAccessibleName(ToQtSpoken(label->Caption.Get()));
   card.Body().addWidget(title);
 }
 
@@ -219,7 +293,22 @@ PanelHead* MakeHead(ui::Button& button, int panel, QWidget& parent) {
   return head;
 }
 
+void FillPanel(ui::Form& form, int panel, ui::Frame& frame, Card& card) {
+  Binding& binding = Bind(frame, static_cast<QFrame&>(card));
+  kFillers.at(static_cast<std::size_t>(panel))(form, panel, card);
+  FadeWith(frame, binding, card);
+}
+
 }  // namespace
+
+QWidget* MakeSensorPanel(ui::Form& form, int panel, QWidget* parent) {
+  auto* const frame = form.Find<ui::Frame>("Frame", panel);
+  if (frame == nullptr) return nullptr;
+  auto* const card = new Card(parent);
+  AddTitle(form, panel, *card);
+  FillPanel(form, panel, *frame, *card);
+  return card;
+}
 
 void AddSensorPanels(ui::Form& form, PanelArea& area) {
   for (int panel = 0; panel < state::kPanels; ++panel) {
@@ -228,10 +317,8 @@ void AddSensorPanels(ui::Form& form, PanelArea& area) {
     auto* const button = form.Find<ui::Button>("CmdResize", panel);
     QWidget* const head = button == nullptr ? nullptr : MakeHead(*button, panel, area);
     auto* const card = new Card(&area);
-    Binding& binding = Bind(*frame, static_cast<QFrame&>(*card));
-    AddTitle(form, panel, *card);
-    kFillers.at(static_cast<std::size_t>(panel))(form, panel, *card);
-    FadeWith(*frame, binding, *card);
+    if (button != nullptr) card->setAccessibleName(ToQtSpoken(button->Caption.Get()));
+    FillPanel(form, panel, *frame, *card);
     area.Add(*frame, *card, button, head);
   }
 }

@@ -9,8 +9,11 @@ namespace tintbench::desktop {
 
 class PanelArea;
 
-// Makes the panels that the window has, with their heads or titles if it has buttons or labels for
-// them, and puts them into `area`.
+// Makes the panels that the window has, with heads for their buttons, and puts them into `area`.
 void AddSensorPanels(ui::Form& form, PanelArea& area);
+
+// Makes one panel, with its title. nullptr if the window doesn't have it. Its least width is what
+// it takes to read it.
+QWidget* MakeSensorPanel(ui::Form& form, int panel, QWidget* parent);
 
 }  // namespace tintbench::desktop

@@ -45,6 +45,13 @@ QSize SensorRows::minimumSizeHint() const {
   return {0, static_cast<int>(lines * kTightest * BaseEm())};
 }
 
+int SensorRows::WholeWidth() const {
+  const std::vector<const Row*> used = UsedRows();
+  int widest = 0;
+  for (const Row* row : used) widest = std::max(widest, row->Name->sizeHint().width());
+  return static_cast<int>((widest + NamesFrom(used)) / scale_) + 1;
+}
+
 bool SensorRows::event(QEvent* event) {
   // A row has come or gone, or has another indicator.
   if (event->type() == QEvent::LayoutRequest) {
@@ -69,25 +76,27 @@ void SensorRows::Arrange() {
   const int lines = (static_cast<int>(used.size()) + columns - 1) / columns;
   const int across = width() / columns;
   const double base = BaseEm();
-  const double wanted = RoomScale(*parentWidget(), across, kWideColumn);
+  const double usual = std::max(kWideColumn, WholeWidth() / base);
+  const double wanted = RoomScale(*parentWidget(), across, usual);
   const int pitch = static_cast<int>(
       std::clamp(static_cast<double>(height()) / lines, kTightest * base, kWidest * wanted * base));
   ScaleFont(std::clamp(pitch / (kRoomy * base), 1.0, wanted));
-  const int names = WidestIndicator(used) + Em(*this) / 2;
+  const int names = NamesFrom(used);
   for (std::size_t i = 0; i < used.size(); ++i) {
     const int at = static_cast<int>(i);
     Place(*used[i], QRect(at / lines * across, at % lines * pitch, across, pitch), names);
   }
 }
 
-int SensorRows::WidestIndicator(const std::vector<const Row*>& rows) {
+// Where the names begin, behind the widest indicator.
+int SensorRows::NamesFrom(const std::vector<const Row*>& rows) const {
   int widest = 0;
   for (const Row* row : rows) {
     for (const QWidget* indicator : row->Shown) {
       if (!indicator->isHidden()) widest = std::max(widest, indicator->sizeHint().width());
     }
   }
-  return widest;
+  return widest + Em(*this) / 2;
 }
 
 void SensorRows::Place(const Row& row, const QRect& area, int names) {

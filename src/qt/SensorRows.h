@@ -18,6 +18,8 @@ class SensorRows final : public QWidget {
   void AddRow(const Indicators& indicators, QWidget& name);
 
   QSize minimumSizeHint() const override;
+  // What one column with every name whole takes at the usual size of letters.
+  int WholeWidth() const;
 
  protected:
   bool event(QEvent* event) override;
@@ -34,7 +36,7 @@ class SensorRows final : public QWidget {
   int BaseEm() const;
   void Arrange();
   void ScaleFont(double factor);
-  static int WidestIndicator(const std::vector<const Row*>& rows);
+  int NamesFrom(const std::vector<const Row*>& rows) const;
   // The name begins `names` behind the area's left end.
   static void Place(const Row& row, const QRect& area, int names);
 

@@ -58,11 +58,12 @@ void Shorten(QPlainTextEdit& widget, int limit) {
 
 }  // namespace
 
-void Bind(ui::Label& control, QLabel& widget) {
+Binding& Bind(ui::Label& control, QLabel& widget) {
   auto* const binding = new Binding(control, widget);
   binding->PressAnywhere();
   widget.setTextFormat(Qt::PlainText);
   binding->Follow({&control.Caption}, [&] { widget.setText(ToQtLines(control.Caption.Get())); });
+  return *binding;
 }
 
 void Bind(ui::TextBox& control, QLineEdit& widget) {

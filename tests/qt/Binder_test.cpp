@@ -109,7 +109,6 @@ TEST_F(Bound, FollowsTheCommonProperties) {
   EXPECT_FALSE(Of<QRadioButton>(form->Choice(0)).isEnabled());
   form->Words.ToolTipText = "<b>x</b>";
   EXPECT_TRUE(label.toolTip().contains("&lt;b&gt;"));
-  EXPECT_EQ(label.accessibleName(), "Words");
   EXPECT_EQ(Of<QRadioButton>(form->Choice(1)).objectName(), "Choice(1)");
 }
 

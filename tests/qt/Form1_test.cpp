@@ -15,6 +15,8 @@
 #include "base/ScratchFolder.h"
 #include "qt/DesktopScreen.h"
 #include "qt/EveryKind.h"
+#include "qt/Inspect.h"
+#include "qt/Look.h"
 #include "qt/PictureWidget.h"
 #include "qt/SensorIndicator.h"
 #include "qt/StandardViews.h"
@@ -85,13 +87,12 @@ class MainWindow : public ::testing::Test {
       }
     }
   }
-  void ExpectNamesWhole() {
+  // One below the other, each behind its indicator.
+  void ExpectRowsApart() {
     int foot = 0;
     for (int bit = 0; bit < state::kInputBits; ++bit) {
       const auto& name = Of<QLabel>(form->Panels.ILabel3(bit));
       if (!name.isVisible()) continue;
-      EXPECT_GE(name.width(), name.fontMetrics().horizontalAdvance(name.text())) << bit;
-      EXPECT_GE(name.height(), name.fontMetrics().height()) << bit;
       EXPECT_GE(name.y(), foot) << bit;
       EXPECT_LT(Pill(bit).geometry().right(), name.x()) << bit;
       foot = name.y() + name.height();
@@ -266,13 +267,47 @@ TEST_F(MainWindow, APressWaitsForOneUnansweredQuestionOnly) {
   });
 }
 
+TEST_F(MainWindow, IsHeardAsItIsSeen) {
+  Run([this] {
+    const std::string sensor = form->Panels.ILabel3(2).Caption;
+    const auto expectState = [&](const std::string& state) {
+      const std::vector<std::string> heard = Heard(Window(), *form);
+      for (const std::string& name :
+           {form->Caption.Get(), sensor, sensor + ": " + state, form->Panels.ILabel1.Caption.Get(),
+            std::string("Machine Setting"), std::string("Machine linked, configuration known"),
+            std::string("Graphic I/O sensors"), std::string("Errors of the machine")}) {
+        ExpectHeard(heard, name);
+      }
+    };
+    Pass(2);
+    expectState("OFF");
+    machine.Tell("input 3 on");
+    Pass(6);
+    expectState("ON");
+    Key(Qt::Key_I, Qt::ShiftModifier);
+    Pass(2);
+    expectState("ON");
+    machine.Tell("fault short 1 #ir*");
+    Pass(6);
+    expectState("no data");
+  });
+}
+
+TEST_F(MainWindow, FocusIsSeenInLightAndDark) {
+  for (const Brightness brightness : {Brightness::Dark, Brightness::Light}) {
+    ApplyLook(*qApp, brightness);
+    Run([this] { ExpectFocusSeen(Window()); });
+  }
+}
+
 // At every size nothing covers anything else and the names can be read.
 TEST_F(MainWindow, EverythingHasItsRoom) {
   Run([this] {
     for (const QSize size : {QSize(900, 600), QSize(1280, 800), QSize(1900, 1040)}) {
       Window().centralWidget()->resize(size - QSize(0, Window().menuBar()->height()));
       ExpectPanelsApart();
-      ExpectNamesWhole();
+      ExpectRowsApart();
+      ExpectNamesWhole(Window(), form->Panels);
     }
   });
 }

@@ -20,6 +20,7 @@
 #include "commands/FormComm.h"
 #include "qt/DesktopScreen.h"
 #include "qt/EveryKind.h"
+#include "qt/Inspect.h"
 #include "qt/RowList.h"
 #include "qt/StandardViews.h"
 #include "shell/Program.h"
@@ -145,11 +146,34 @@ TEST_F(CommandsWindow, CommandIsFoundByLettersSentAndToldByEnter) {
   });
 }
 
+TEST_F(CommandsWindow, IsHeardAsItIsSeenAndShowsItsFocus) {
+  Run(&shell::Form1::MMnuCommand, [this] {
+    form->LstCsingle(0).PressRow(4);
+    form->CmdExec.Press();
+    for (const char* name :
+         {"Command type", "Find", "Single command", "Last commands", "Sent", "Received", "Status",
+          "Command report", "STOP", "Firmware version", "H-bridges status\nEXECUTE"}) {
+      ExpectHeard(Heard(*screen.WindowFor(*form), *form), name);
+    }
+  });
+  Run(&shell::Form1::MMnuCommand, [this] { ExpectFocusSeen(*screen.WindowFor(*form)); });
+  Run(&shell::Form1::MMnuMaint, [this] {
+    Key(Qt::Key_O);
+    const std::string output = form->Panels.OLabel3(0).Caption;
+    for (const std::string& name :
+         {std::string("[I] Read input sensors"), std::string("HALT process"),
+          std::string("Output sensors"), output + ": OFF"}) {
+      ExpectHeard(Heard(*screen.WindowFor(*form), *form), name);
+    }
+    ExpectFocusSeen(*screen.WindowFor(*form));
+  });
+}
+
 // What a command shows takes the place at the right for itself, at every size.
 TEST_F(CommandsWindow, PanelsAndReportNeverCoverOneAnother) {
   Run(&shell::Form1::MMnuCommand, [this] {
     form->CmbCtype.PressRow(0);
-    for (const QSize size : {QSize(900, 600), QSize(1900, 1040)}) {
+    for (const QSize size : {QSize(900, 600), QSize(1014, 735), QSize(1900, 1040)}) {
       screen.WindowFor(*form)->resize(size);
       for (const int row : {0, 1, 2, 3, 4}) {
         form->LstCsingle(0).PressRow(row);
@@ -161,13 +185,13 @@ TEST_F(CommandsWindow, PanelsAndReportNeverCoverOneAnother) {
           if (!frame.isVisible()) continue;
           ExpectInside(form->Panels.Frame(panel));
           EXPECT_TRUE(Of<QLabel>(form->LblTitle(panel)).isVisible());
-          EXPECT_GT(frame.width(), 150);
           for (int other = 0; other < panel; ++other) {
             auto& neighbour = Of<QWidget>(form->Panels.Frame(other));
             EXPECT_FALSE(neighbour.isVisible() && frame.geometry().intersects(neighbour.geometry()))
                 << row << panel << other;
           }
         }
+        ExpectNamesWhole(*screen.WindowFor(*form), form->Panels);
         EXPECT_EQ(Of<QWidget>(form->FrameOutput).isVisible(), row == 4);
       }
       // As while valves are tested and the sensors are read.
@@ -176,7 +200,7 @@ TEST_F(CommandsWindow, PanelsAndReportNeverCoverOneAnother) {
       ExpectInside(form->Panels.Frame(state::kInputPanel));
       auto& panel = Of<QWidget>(form->Panels.Frame(state::kInputPanel));
       auto& report = Of<QWidget>(form->FrameOutput);
-      EXPECT_GT(panel.width(), 150);
+      ExpectNamesWhole(*screen.WindowFor(*form), form->Panels);
       EXPECT_LT(panel.mapTo(panel.window(), panel.rect().topRight()).x(),
                 report.mapTo(report.window(), QPoint()).x());
     }
