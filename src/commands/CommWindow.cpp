@@ -78,6 +78,13 @@ void CommWindow::HidePanels() {
   }
 }
 
+void CommWindow::BlankPanels() {
+  ClearInputs();
+  ClearOutputs();
+  Work.Decoder.DecodeStatus(Panels, kClearAnswer);
+  for (ui::Label* label : {&Panels.ILabel1, &Panels.OLabel1, &Panels.ErLabel1}) label->Caption = "";
+}
+
 void CommWindow::ShowReportFrame() {
   if (Flags.Closing || FrameOutput.Visible) return;
   FrameOutput.Visible = true;
@@ -87,7 +94,16 @@ void CommWindow::ShowReportFrame() {
 void CommWindow::HideReportFrame() { FrameOutput.Visible = false; }
 
 std::string CommWindow::Send(int row) {
-  return base::ToUpper(Work.Commands.SendCommand(*this, row));
+  const std::string command = Work.Table.Row(row).Command;
+  const bool goesOut = Work.Port.PortOpen();
+  const std::string answer = base::ToUpper(Work.Commands.SendCommand(*this, row));
+  if (goesOut) Book(command, answer);
+  return answer;
+}
+
+void CommWindow::Book(std::string_view command, std::string_view answer) {
+  on_.Book(command, answer);
+  LblOn.Caption = on_.IsEmpty() ? "" : "Switched on from here: " + on_.Text();
 }
 
 std::string CommWindow::Send(int row, const std::string& argument) {
@@ -101,17 +117,32 @@ std::string CommWindow::SendMoving(int row, const std::string& argument) {
   return Send(row);
 }
 
-bool CommWindow::AbortableWait(double seconds, const bool& goOn) {
-  const base::Clock& clock = Work.Screen.Time();
-  const double end = clock.Now() + seconds;
-  const auto ending = [this] { return Flags.Closing || Work.Screen.IsQuitting(); };
-  while (goOn && !ending() && clock.Now() < end) Work.Screen.Idle(end - clock.Now());
-  return ending();
+bool CommWindow::IsSaid(Wish wish) const {
+  return Flags.Closing || Work.Screen.IsQuitting() ||
+         (Running != nullptr && Running->Said() >= wish);
 }
 
-bool CommWindow::Wait(double seconds) {
-  const bool always = true;
-  return AbortableWait(seconds, always);
+bool CommWindow::AbortableWait(double seconds, Wish wish) {
+  const base::Clock& clock = Work.Screen.Time();
+  const double end = clock.Now() + seconds;
+  do {
+    Work.Screen.Idle(end - clock.Now());
+  } while (!IsSaid(wish) && clock.Now() < end);
+  return IsSaid(wish);
+}
+
+bool CommWindow::MayAsk() {
+  Work.Screen.DoEvents();
+  Work.Screen.CatchUp();
+  return !IsStopped();
+}
+
+std::optional<ui::Answer> CommWindow::Ask(const ui::Box& box) {
+  return MayAsk() ? std::optional(Work.Screen.Ask(box)) : std::nullopt;
+}
+
+std::optional<std::string> CommWindow::Ask(const ui::Question& question) {
+  return MayAsk() ? Work.Screen.Ask(question) : std::nullopt;
 }
 
 std::string Framed(const std::string& text) {

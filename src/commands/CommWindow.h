@@ -3,11 +3,14 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "base/Clock.h"
 #include "commands/MaintenanceOptions.h"
+#include "commands/StopToken.h"
+#include "commands/SwitchedOn.h"
 #include "config/MachineFacts.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
@@ -46,16 +49,9 @@ inline constexpr const char* kSuccess = "[ operation success ]";
 inline constexpr const char* kFail = "[ operation fail ]";
 inline constexpr const char* kInvalidData = "[ INVALID DATA ]";
 
-// Flags of what is under way. Those of a running process are cleared by whoever wants its end.
 struct CommFlags {
   bool Idle = true;  // no option of the Maintenance Menu runs
   bool Closing = false;
-  bool HaltPressed = false;
-  bool MotorRunning = false;
-  bool PurgeRunning = false;
-  bool ValveTestRunning = false;
-  bool CanWaitActive = false;
-  bool ShelfWaitActive = false;  // the shelf is moved for the can
 };
 
 struct CommWindow : ui::Form {
@@ -68,6 +64,7 @@ struct CommWindow : ui::Form {
   ui::Label LblCmdS{FrmSingle, "LblCmdS"};
   ui::Label LblFind{FrmSingle, "LblFind"};
   ui::TextBox TxtFind{FrmSingle, "TxtFind"};
+  ui::Label LblFound{FrmSingle, "LblFound"};  // which of how many
   ui::ControlArray<ui::ListBox> LstCsingle{FrmSingle, "LstCsingle", kCommandGroups};
   ui::Label LblRecent{FrmSingle, "LblRecent"};
   ui::ComboBox CmbRecent{FrmSingle, "CmbRecent"};
@@ -89,7 +86,10 @@ struct CommWindow : ui::Form {
   ui::Frame FrmDbg{*this, "FrmDbg"};
   ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
 
+  ui::Label LblOn{*this, "LblOn"};  // what is switched on from here
+
   CommFlags Flags;
+  StopToken* Running = nullptr;  // of the innermost process that runs
   MaintenanceOptions Options{Option1};
 
   // Each shows nothing more once the window closes.
@@ -111,6 +111,8 @@ struct CommWindow : ui::Form {
   // Greys a panel out.
   void ClearInputs() { Work.Decoder.DecodeInputs(Panels, kClearAnswer); }
   void ClearOutputs() { Work.Decoder.DecodeOutputs(Panels, kClearAnswer); }
+  // Nothing is known of the machine yet.
+  void BlankPanels();
 
   // Sends a row as it stands, or with an argument; the template is put back. The answer comes in
   // upper case.
@@ -118,19 +120,37 @@ struct CommWindow : ui::Form {
   std::string Send(int row, const std::string& argument);
   // The same with the time-out of a row that moves something.
   std::string SendMoving(int row, const std::string& argument);
+  // Books a command that has gone over the line, with its answer in upper case.
+  void Book(std::string_view command, std::string_view answer);
+  // What is switched on outlives each opening of the window, as the machine's state does.
+  const SwitchedOn& On() const { return on_; }
+
   // The row's name.
   const std::string& Description(int row) const { return Work.Table.Row(row).Description; }
 
-  // Serves events until the time is over, `goOn` is cleared or the window closes. True if the
-  // window closes, or the program ends.
-  bool AbortableWait(double seconds, const bool& goOn);
-  // The same without a flag of its own.
-  bool Wait(double seconds);
+  // True if the operator has said at least that to the innermost process. With the window, and with
+  // the program, everything stops.
+  bool IsSaid(Wish wish) const;
+  // The operator wants no more of what runs.
+  bool IsStopped() const { return IsSaid(Wish::Stop); }
+  // Serves events, once at least, until the time is over or the operator says at least `wish`. True
+  // if he does.
+  bool AbortableWait(double seconds, Wish wish = Wish::Stop);
+
+  // Boxes of a running process. What was pressed while a command kept the line is served first, so
+  // that no key answers a box which it was not meant for. Nothing, and no box, if the operator
+  // wants no more then.
+  std::optional<ui::Answer> Ask(const ui::Box& box);
+  std::optional<std::string> Ask(const ui::Question& question);
 
   CommParts Work;
 
  private:
   static constexpr const char* kClearAnswer = "R";
+
+  bool MayAsk();
+
+  SwitchedOn on_;
 };
 
 // The text between lines of dashes, as the operator is told what to do next.

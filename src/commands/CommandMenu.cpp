@@ -15,6 +15,7 @@ constexpr const char* kNoCommand = "< NO COMMAND AVAILABLE >";
 constexpr const char* kAborted = "[ command aborted ]";
 constexpr const char* kIncorrect = "[ INCORRECT STRING ]";
 constexpr const char* kStopped = "( process stopped )";
+constexpr const char* kNoHit = "no command";
 constexpr std::size_t kMostRecent = 12;
 
 struct Group {
@@ -109,24 +110,58 @@ void CommandMenu::LstCsingle_GotFocus(int group) {
 void CommandMenu::LstCsingle_LostFocus(int group) { window_.LstCsingle(group).ListIndex = -1; }
 
 template <typename Fits>
-void CommandMenu::SelectWhere(Fits fits) {
+std::vector<CommandMenu::Place> CommandMenu::Places(Fits fits) const {
+  std::vector<Place> places;
   for (int group = 0; group < kCommandGroups; ++group) {
-    ui::ListBox& list = window_.LstCsingle(group);
+    const ui::ListBox& list = window_.LstCsingle(group);
     for (int index = 0; index < list.ListCount(); ++index) {
-      if (!fits(list, index)) continue;
-      window_.CmbCtype.ListIndex = group;
-      list.PressRow(index);
-      return;
+      if (fits(list, index)) places.push_back({group, index});
     }
   }
+  return places;
+}
+
+void CommandMenu::SelectRow(Place place) {
+  window_.CmbCtype.ListIndex = place.Group;
+  window_.LstCsingle(place.Group).PressRow(place.Index);
+}
+
+void CommandMenu::SelectNone() {
+  for (int group = 0; group < kCommandGroups; ++group) {
+    window_.LstCsingle(group).ListIndex = -1;
+    window_.LstCsingle(group).Tag = "-1";
+  }
+  LoadComOnButton(window_.CmbCtype.ListIndex, -1);
+}
+
+void CommandMenu::SelectHit(std::size_t hit) {
+  hit_ = hit;
+  window_.LblFound.Caption = std::to_string(hit + 1) + " of " + std::to_string(hits_.size());
+  SelectRow(hits_[hit]);
 }
 
 void CommandMenu::TxtFind_Change() {
   const std::string wanted = base::ToUpper(base::Trim(window_.TxtFind.Text.Get()));
+  hits_.clear();
+  window_.LblFound.Caption = "";
   if (wanted.empty()) return;
-  SelectWhere([&wanted](const ui::ListBox& list, int index) {
+  hits_ = Places([&wanted](const ui::ListBox& list, int index) {
     return base::ToUpper(list.List(index)).find(wanted) != std::string::npos;
   });
+  if (!hits_.empty()) return SelectHit(0);
+  window_.LblFound.Caption = kNoHit;
+  SelectNone();
+}
+
+void CommandMenu::KeyDown(ui::KeyEvent& key) {
+  const bool moves = key.Code == ui::kKeyDown || key.Code == ui::kKeyUp;
+  if (window_.ActiveControl() != &window_.TxtFind || key.Shift != 0) return;
+  if (!moves && key.Code != ui::kKeyEnter) return;
+  const std::size_t step = key.Code == ui::kKeyDown ? 1
+                           : key.Code == ui::kKeyUp ? hits_.size() - 1
+                                                    : 0;
+  key.Code = 0;
+  if (!hits_.empty()) SelectHit((hit_ + step) % hits_.size());
 }
 
 void CommandMenu::CmbRecent_Click() {
@@ -135,8 +170,9 @@ void CommandMenu::CmbRecent_Click() {
   const Recent& recent = recent_.at(static_cast<std::size_t>(chosen));
   lastRow_ = recent.Row;
   lastArgument_ = recent.Argument;
-  SelectWhere(
+  const std::vector<Place> places = Places(
       [&recent](const ui::ListBox& list, int index) { return list.ItemData(index) == recent.Row; });
+  if (!places.empty()) SelectRow(places.front());
 }
 
 // The latest is the first, and none is there twice.
@@ -173,10 +209,10 @@ std::optional<std::string> CommandMenu::ArgumentOf(int row) {
   lastRow_ = row;
   ui::Question question{command.Prompt, command.Description, lastArgument_};
   for (;;) {
-    const std::string reply = window_.Work.Screen.Ask(question).value_or("");
+    const std::string reply = window_.Ask(question).value_or("");
     if (reply.empty()) return std::nullopt;
     if (link::ValidateArgument(row, reply)) return lastArgument_ = reply;
-    window_.Work.Screen.Ask({.Text = kIncorrect, .Title = command.Description});
+    window_.Ask(ui::Box{.Text = kIncorrect, .Title = command.Description});
     question.Default = reply;
   }
 }
@@ -193,7 +229,8 @@ std::string CommandMenu::Transmit(int row, const std::string& argument) {
 
 void CommandMenu::CmdExec_Click() {
   const int row = SelectedRow();
-  if (row < 0) return;
+  if (row < 0 || window_.Running != nullptr) return;
+  StopToken process(window_.Running);
   ShowPanels(row);
   const std::optional<std::string> argument = ArgumentOf(row);
   if (!argument) {
@@ -210,6 +247,7 @@ void CommandMenu::CmdExec_Click() {
 
 // The countdown has stood in this menu's own status box.
 void CommandMenu::CmdStop_Click() {
+  if (window_.Running != nullptr) window_.Running->Say(Wish::Stop);
   window_.CheckAnswer(window_.Send(rows::kAllOff), "A", kStopped);
   window_.ShowIoText(kStatus, window_.TxtIOm.Text.Get());
 }

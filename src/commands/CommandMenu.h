@@ -23,8 +23,12 @@ class CommandMenu {
   void LstCsingle_LostFocus(int group);
   void CmdExec_Click();
   void CmdStop_Click();
-  // Typing a few letters of a description selects the first command that has them.
+  // Typing a few letters of a description selects the first command that has them, of all groups;
+  // none is selected if none has them.
   void TxtFind_Change();
+  // A key of the window; sets its code to 0 if it was taken. In TxtFind, Down and Up go from hit to
+  // hit, and Enter, which sends elsewhere, does no more than select.
+  void KeyDown(ui::KeyEvent& key);
   // Takes one of the last commands of this window up again.
   void CmbRecent_Click();
 
@@ -41,9 +45,17 @@ class CommandMenu {
   int Remembered(int group) const;
   // The row of the command table that is selected; -1 if there is none.
   int SelectedRow() const;
-  // Selects the first row, in the lists' order, that `fits(list, index)` says is the one.
+  // A row of a list, by its group and index.
+  struct Place {
+    int Group;
+    int Index;
+  };
+  // The rows, in the lists' order, that `fits(list, index)` says are meant.
   template <typename Fits>
-  void SelectWhere(Fits fits);
+  std::vector<Place> Places(Fits fits) const;
+  void SelectRow(Place place);
+  void SelectNone();
+  void SelectHit(std::size_t hit);
   void LoadComOnButton(int group, int listIndex);
   void ShowPanels(int row);
   // The argument of a row, empty for one that takes none. Nothing if the operator gave it up.
@@ -57,6 +69,8 @@ class CommandMenu {
   int lastRow_ = -1;          // of the last typed argument
   std::string lastArgument_;  // the next default of that row
   std::vector<Recent> recent_;
+  std::vector<Place> hits_;  // of what was looked for
+  std::size_t hit_ = 0;      // the one selected
 };
 
 }  // namespace tintbench::commands

@@ -111,48 +111,40 @@ bool ElementSender::SendEach(int row, const std::string& elements, const std::st
     if (pieces.size() == 1) break;
     if (!IsStart(row)) {
       window_.Work.Screen.Time().Sleep(kPauseBetween);
-    } else if (!Pause(kPauseBetween)) {
+    } else if (window_.AbortableWait(kPauseBetween)) {
       break;
     }
   }
   return good;
 }
 
-bool ElementSender::IsStopped() const {
-  return window_.Flags.Closing || window_.Flags.HaltPressed || window_.Work.Screen.IsQuitting();
-}
-
-bool ElementSender::Pause(double seconds) {
-  ui::Screen& screen = window_.Work.Screen;
-  const double end = screen.Time().Now() + seconds;
-  do {
-    screen.Idle(end - screen.Time().Now());
-  } while (!IsStopped() && screen.Time().Now() < end);
-  return !IsStopped();
-}
-
 bool ElementSender::SendRound(int row, const std::string& piece, const std::string& speed,
                               const std::string& expected) {
   const link::CommandRow& command = window_.Work.Table.Row(row);
   window_.AddToReport(RoundText(command.Description, piece, speed));
-  // A refusal is shorter than the answer that is due, so it may still lie on the line: taken for
-  // the beginning of the next answer, it would keep valves and caps from being closed.
+  // An answer that came late may still lie on the line: taken for the beginning of the next one, it
+  // would keep valves and caps from being closed.
   if (window_.Work.Port.InBufferCount() > 0) window_.Work.Port.Input();
-  window_.Work.Port.Output(link::FinishCommand(command.Command, piece + speed));
+  const std::string wire = link::FinishCommand(command.Command, piece + speed);
+  const bool goesOut = window_.Work.Port.PortOpen();
+  window_.Work.Port.Output(wire);
   const int result = GetDoubleAnswer(expected);
+  if (goesOut) window_.Book(wire, base::ToUpper(answer_));
   window_.AddToReport(ResultText(row, result) + kLineEnd);
   return result == kAsExpected;
 }
 
 int ElementSender::GetDoubleAnswer(const std::string& expected) {
   const std::string wanted = base::ToUpper(expected);
-  if (!AwaitCharacters(wanted.size())) return kNoAnswer;
-  const std::string received = window_.Work.Port.Input();
+  const bool whole = AwaitCharacters(wanted.size());
+  // A refusal is shorter than what is due, and must not spoil the answer to the next command.
+  answer_ = window_.Work.Port.Input();
+  if (!whole) return kNoAnswer;
   if (window_.Work.Log.DebugLevel() == link::kDebugCommands && !window_.Flags.Closing) {
-    window_.TxtDbgIO(1).Text = received;
+    window_.TxtDbgIO(1).Text = answer_;
     window_.TxtDbgIO(1).Refresh();
   }
-  return Matches(received, wanted) ? kAsExpected : kOtherAnswer;
+  return Matches(answer_, wanted) ? kAsExpected : kOtherAnswer;
 }
 
 bool ElementSender::AwaitCharacters(std::size_t count) {

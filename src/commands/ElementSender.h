@@ -23,14 +23,8 @@ class ElementSender {
   // them after HALT; elements that it closes or stops are done one and all.
   bool SendElements(int row, const std::string& elements = {}, const std::string& speeds = {});
 
-  // Waits and serves events, once at least; HALT and a closing window cut it short. False if
-  // nothing more may be opened or started.
-  bool Pause(double seconds);
-  // True once the operator wants no more: HALT, a closing window, the end of the program.
-  bool IsStopped() const;
-
   // Waits for an answer as long as `expected`, in which "*" stands for any character. 0 if it came,
-  // -1 for another one, -2 for none within five seconds.
+  // -1 for another one, -2 for none within five seconds. The line is read empty in each case.
   int GetDoubleAnswer(const std::string& expected);
 
  private:
@@ -41,6 +35,7 @@ class ElementSender {
   bool AwaitCharacters(std::size_t count);
 
   CommWindow& window_;
+  std::string answer_;  // the last one, whatever it was
 };
 
 }  // namespace tintbench::commands

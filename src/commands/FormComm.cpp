@@ -45,6 +45,7 @@ void FormComm::Form_Load() {
   ShowReport("");
   ShowStatusLine("");
   state::RebuildAllPanels(Panels, Work.Styles, Work.Names);
+  BlankPanels();
   Panels.GRPicIOcard.Picture = state::kCardPicture;
   state::ShowSensorUnderPointer(Panels, -1, -1, Work.Status.FirmwareVersion);
   FrmDbg.Visible = Work.Log.DebugLevel() == link::kDebugCommands;
@@ -63,6 +64,8 @@ void FormComm::Form_KeyDown(ui::KeyEvent& key) {
     Work.Screen.Unload(*this);
   } else if (function_ == kMaintenanceMenu) {
     multi_.KeyDown(key);
+  } else {
+    single_.KeyDown(key);
   }
 }
 

@@ -62,21 +62,21 @@ void MaintenanceMenu::CmdMultExec_Click() {
 
 // A motor that is watched, and a purge, end by their own key.
 void MaintenanceMenu::StopRunning(int option) {
-  if (option != runningOption_) return;
-  if (option == kEachMotor) window_.Flags.MotorRunning = false;
-  if (option == kPurge) window_.Flags.PurgeRunning = false;
+  if (option != runningOption_ || (option != kEachMotor && option != kPurge)) return;
+  window_.Running->Say(Wish::Finish);
 }
 
 // May run once more inside itself: the sensors can be read while the valves are tested.
 void MaintenanceMenu::Execute(int option) {
   window_.Flags.Idle = false;
+  StopToken process(window_.Running);
   const int outer = std::exchange(runningOption_, option);
   window_.Options.ShowRunning(option);
   const bool another = option != currentOption_;
   if (another) {
     walk_.Restart();
     window_.HidePanels();
-    if (!window_.Flags.ValveTestRunning) {
+    if (outer != kValveTest) {
       window_.HideReportFrame();
       window_.ShowReport("");
     }
@@ -152,18 +152,17 @@ void MaintenanceMenu::MachineReset() {
 }
 
 void MaintenanceMenu::CmdMultStop_Click() {
-  CommFlags& flags = window_.Flags;
-  if (!flags.Closing) flags.HaltPressed = true;
-  // Meanwhile a reading may be the option selected.
-  const bool testing = std::exchange(flags.ValveTestRunning, false);
-  if (testing) window_.Options.UnlockOptions();
+  if (window_.Running != nullptr) window_.Running->Say(Wish::Stop);
+  if (runningOption_ == kValveTest) window_.Options.UnlockOptions();
   walk_.Restart();
-  flags.MotorRunning = flags.PurgeRunning = flags.CanWaitActive = false;
-  if (flags.ShelfWaitActive && shelf_.IsMovingUp()) shelf_.ShelfUp();
-  const int option = testing ? kValveTest : window_.Options.Selected();
-  const std::optional<std::string> stopped = StopMachine(option);
+  purge_.Forget();
+  shelf_.StopForCan();
+  // While the valves are tested a reading may be the option selected.
+  const int option = runningOption_ != kNoOption ? runningOption_ : window_.Options.Selected();
+  std::optional<std::string> stopped = StopMachine(option);
   const double firmware = base::LeadingNumber(window_.Work.Status.FirmwareVersion);
   if (option == kValveTest && firmware <= kLastUnstoppableTest) MachineReset();
+  if (!stopped) stopped = SwitchOffRest();
   if (stopped) window_.CheckAnswer(*stopped, kGood, "( process stopped )");
 }
 
@@ -179,6 +178,12 @@ std::optional<std::string> MaintenanceMenu::StopMachine(int option) {
     return std::nullopt;
   }
   if (option == kPurge && !window_.Flags.Closing) return std::nullopt;
+  return window_.Send(rows::kAllOff);
+}
+
+// Nothing that was switched on from here stays on. A purge that runs has its own order for that.
+std::optional<std::string> MaintenanceMenu::SwitchOffRest() {
+  if (window_.On().IsEmpty() || purge_.WillSwitchOff()) return std::nullopt;
   return window_.Send(rows::kAllOff);
 }
 

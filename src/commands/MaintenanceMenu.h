@@ -38,13 +38,14 @@ class MaintenanceMenu {
   void ReadStatus();
   void MachineReset();
   std::optional<std::string> StopMachine(int option);
+  std::optional<std::string> SwitchOffRest();
 
   CommWindow& window_;
   ShelfAndValves& shelf_;
   PurgeProcess& purge_;
   MaintenanceWalk walk_;
   int currentOption_ = kNoOption;  // the last one that ran
-  int runningOption_ = kNoOption;
+  int runningOption_ = kNoOption;  // of the innermost process
 };
 
 }  // namespace tintbench::commands

@@ -100,6 +100,7 @@ bool MaintenanceWalk::IsAtLast(const Walk& walk) const {
 // A motor runs, with its speed on show, until the operator goes on.
 bool MaintenanceWalk::StepMotor(const std::string& motor, bool last) {
   const std::optional<std::string> speed = SpeedPrompt(motor);
+  if (window_.IsStopped()) return false;
   // A motor that failed to answer may run all the same: its off step is due.
   element_ = motor;
   motorOffDone_ = !speed;
@@ -154,7 +155,7 @@ std::optional<std::string> MaintenanceWalk::SpeedPrompt(const std::string& motor
       .Title = window_.Description(rows::kMotorOn),
       .Default = lastSpeed_};
   while (true) {
-    const std::string reply = window_.Work.Screen.Ask(question).value_or("");
+    const std::string reply = window_.Ask(question).value_or("");
     if (reply.empty()) return std::nullopt;
     const int speed = base::IsNumeric(reply) ? base::LeadingInt(reply) : 0;
     if (reply.size() <= kSpeedLength && speed > 0 && speed <= kLargestSpeed) {
@@ -166,15 +167,12 @@ std::optional<std::string> MaintenanceWalk::SpeedPrompt(const std::string& motor
 }
 
 bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
-  CommFlags& flags = window_.Flags;
-  flags.HaltPressed = false;
-  flags.MotorRunning = true;
+  StopToken watch(window_.Running);
   window_.Options.AllowOnly(std::to_string(kEachMotor) + ",", "");
   const std::string before = window_.TextOutput.Text;
   std::string line = SpeedLine("0");
   window_.ShowReport(before + line);
-  while (!window_.AbortableWait(kWatchPause, flags.MotorRunning) && flags.MotorRunning &&
-         window_.Work.Port.PortOpen()) {
+  while (!window_.AbortableWait(kWatchPause, Wish::Finish) && window_.Work.Port.PortOpen()) {
     const std::string answer = window_.Send(rows::kMotorSpeed, motor);
     const bool good = base::Left(answer, 1) == "A";
     if (good) {
@@ -183,11 +181,8 @@ bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
     }
     window_.ShowReport(before + line + (good ? "" : kInvalidData));
   }
-  // Only a program that ends and a lost port leave it set.
-  const bool halted = flags.HaltPressed || flags.Closing || flags.MotorRunning;
-  flags.MotorRunning = false;
   window_.Options.UnlockOptions();
-  return halted;
+  return window_.IsStopped() || !window_.Work.Port.PortOpen();
 }
 
 }  // namespace tintbench::commands

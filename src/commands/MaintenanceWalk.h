@@ -34,7 +34,7 @@ class MaintenanceWalk {
   bool SwitchOn(int row, const std::string& element, const std::string& speed);
   bool CheckEcho(const std::string& answer, const std::string& argument, int row);
   std::optional<std::string> SpeedPrompt(const std::string& motor);
-  // True if it was halted, or if the window closes.
+  // True if it was halted, if the window closes, or if the line is lost.
   bool MotorSpeedWatch(const std::string& motor);
 
   CommWindow& window_;

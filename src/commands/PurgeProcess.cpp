@@ -60,8 +60,7 @@ void PurgeProcess::Forget() {
 void PurgeProcess::PurgeRun(bool afresh) {
   if (underWay_) return;
   underWay_ = true;
-  if (afresh || window_.Flags.HaltPressed) Forget();
-  window_.Flags.HaltPressed = false;
+  if (afresh) Forget();
   window_.ShowReportFrame();
   window_.ShowReport("");
   if (!remaining_.empty() || Prepare()) {
@@ -71,6 +70,9 @@ void PurgeProcess::PurgeRun(bool afresh) {
     window_.AddToReport(
         Framed(Lines({"Process interrupted !", "Cannot start the PURGE process!"})));
   }
+  // Nobody was heard while everything was switched off, so what was pressed then was pressed for
+  // the purge: a second press to stop it must not begin the next batch.
+  window_.Work.Screen.CatchUp();
   underWay_ = false;
 }
 
@@ -88,9 +90,9 @@ bool PurgeProcess::AskCircuits() {
                        "considering all the circuits of the machine !!"}),
       .Default = WithoutCommas(window_.Work.Facts.ElementLists[config::kCircuits])};
   do {
-    remaining_ = window_.Work.Screen.Ask(question).value_or("");
+    remaining_ = window_.Ask(question).value_or("");
     question.Default = remaining_;
-  } while (!AreElements(remaining_) && !sender_.IsStopped());
+  } while (!AreElements(remaining_) && !window_.IsStopped());
   return !remaining_.empty();
 }
 
@@ -112,12 +114,11 @@ bool PurgeProcess::AskSpeeds() {
 std::string PurgeProcess::AskSpeed(const std::string& motor) {
   const std::string prompt = Lines({"Input 3 decimal characters (001..999)",
                                     "for the wished speed of motor " + base::Bracketed(motor)});
-  while (!sender_.IsStopped()) {
-    const std::optional<std::string> reply =
-        window_.Work.Screen.Ask(ui::Question{.Prompt = prompt});
+  while (!window_.IsStopped()) {
+    const std::optional<std::string> reply = window_.Ask(ui::Question{.Prompt = prompt});
     const int speed = base::LeadingInt(reply.value_or(""));
     if (speed >= 1 && speed < kTooFast) return base::LastDigits(speed, kSpeedDigits);
-    if (!reply) window_.Wait(kBeforeAskingAgain);
+    if (!reply) window_.AbortableWait(kBeforeAskingAgain);
   }
   return {};
 }
@@ -153,19 +154,16 @@ PurgeProcess::Batch PurgeProcess::TakeBatch() {
 }
 
 void PurgeProcess::RunBatch(const Batch& batch) {
+  endDue_ = true;
   const bool started = Start(batch);
-  window_.Flags.PurgeRunning = false;
   window_.Options.UnlockOptions();
-  if (window_.Flags.Closing) {
-    Forget();
-    return;
-  }
-  if (std::exchange(window_.Flags.HaltPressed, false)) Forget();
   if (!started) {
     Forget();
     window_.AddToReport(Framed(Lines({"Process interrupted !", "Errors during PURGE process !"})));
   }
-  TellEnd(End(batch));
+  const bool closing = window_.Flags.Closing;
+  if (!closing) TellEnd(End(batch));
+  endDue_ = false;
 }
 
 // True too if the operator stopped it on the way.
@@ -173,17 +171,17 @@ bool PurgeProcess::Start(const Batch& batch) {
   window_.ShowReport("");
   // From here on the operator can end the purge, and nothing else.
   window_.Options.AllowOnly("13,", "");
-  window_.Flags.PurgeRunning = true;
+  StopToken batchRuns(window_.Running);
   const Step steps[] = {{rows::kCapOpen, batch.Caps, kAfterCaps},
                         {rows::kVerify, "", 0},
                         {rows::kValvesOn, batch.Circuits, kAfterValves},
                         {rows::kMotorOn, batch.Motors, kAfterMotors, batch.Speeds}};
   for (const Step& step : steps) {
-    if (sender_.IsStopped()) return true;
+    if (window_.IsStopped()) return true;
     if (!sender_.SendElements(step.Row, step.Elements, step.Speeds)) return false;
-    sender_.Pause(step.Pause);
+    window_.AbortableWait(step.Pause);
   }
-  return sender_.IsStopped() || (CheckMachineErrors() && PurgeWatch());
+  return window_.IsStopped() || (CheckMachineErrors() && PurgeWatch());
 }
 
 // Serves no events: nothing may come between the motors' end and the closing of the caps.
@@ -215,7 +213,7 @@ void PurgeProcess::TellEnd(bool good) {
 bool PurgeProcess::PurgeWatch() {
   const std::string report = window_.TextOutput.Text;
   bool good = true;
-  while (good && window_.Flags.PurgeRunning && !sender_.IsStopped()) {
+  while (good && !window_.IsSaid(Wish::Finish)) {
     window_.ShowReport(report);  // the report of the last round makes way for the next
     good = WatchRound();
   }
@@ -224,10 +222,9 @@ bool PurgeProcess::PurgeWatch() {
 
 // True too if the operator ended it in one of the waits.
 bool PurgeProcess::WatchRound() {
-  const bool& running = window_.Flags.PurgeRunning;
-  if (window_.AbortableWait(kBeforeVerify, running) || !running || sender_.IsStopped()) return true;
+  if (window_.AbortableWait(kBeforeVerify, Wish::Finish)) return true;
   if (!sender_.SendElements(rows::kVerify)) return false;
-  if (window_.AbortableWait(kBeforeStatus, running) || !running || sender_.IsStopped()) return true;
+  if (window_.AbortableWait(kBeforeStatus, Wish::Finish)) return true;
   return CheckMachineErrors();
 }
 

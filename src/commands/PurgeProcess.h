@@ -24,8 +24,13 @@ class PurgeProcess {
 
   // One press of the purge's key: a batch from its start to its end. `afresh` forgets what earlier
   // presses have left. HALT is felt until everything is to be closed; that is done without a look
-  // at the operator. Sends nothing once the window closes.
+  // at the operator, and what he presses meanwhile is HALT or Esc, or nothing. Sends nothing once
+  // the window closes.
   void PurgeRun(bool afresh);
+  // HALT: the circuits that are left are no longer wanted.
+  void Forget();
+  // What the purge has switched on will be switched off in order.
+  bool WillSwitchOff() const { return endDue_; }
 
  private:
   // The elements that are opened together: adjacent two-digit numbers.
@@ -43,7 +48,6 @@ class PurgeProcess {
     std::string Speeds = {};
   };
 
-  void Forget();
   bool Prepare();
   bool AskCircuits();
   bool AskSpeeds();
@@ -62,6 +66,7 @@ class PurgeProcess {
   ElementSender& sender_;
   ShelfAndValves& shelf_;
   bool underWay_ = false;
+  bool endDue_ = false;
   std::string remaining_;  // circuits still to do: adjacent two-digit numbers
   std::string speeds_;     // three digits and "," for each of the motors
   std::string motors_;     // two digits and "," each

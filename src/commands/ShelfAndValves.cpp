@@ -72,62 +72,63 @@ int ShelfAndValves::WaitForCan(double seconds) {
   if (connector < 1 || connector > config::kConnectors) return kNoPhotocell;
   // Connector 1 is the last of the bits.
   const auto place = static_cast<std::size_t>(config::kConnectors - connector);
-  window_.Flags.CanWaitActive = true;
-  int code = kCanMissing;
-  if (CanPhotocellObscured(place)) {
-    code = kCanThere;
-  } else if (window_.Work.Facts.HasShelf) {
-    code = WaitWithShelf(seconds, place);
-  }
-  window_.Flags.CanWaitActive = false;
-  return code;
+  if (CanPhotocellObscured(place)) return kCanThere;
+  return window_.Work.Facts.HasShelf ? WaitWithShelf(seconds, place) : kCanMissing;
 }
 
 int ShelfAndValves::WaitWithShelf(double seconds, std::size_t place) {
-  const bool& goOn = window_.Flags.CanWaitActive;
   const std::string report = window_.TextOutput.Text;
   const double end = Now() + seconds;
   const auto showRest = [&](double rest) {
     window_.ShowReport(base::Bracketed(base::PlainNumber(rest)) + "wait please ... " + kLineEnd +
                        kLineEnd + report);
   };
-  window_.Flags.ShelfWaitActive = true;
   window_.Options.LockOptions();
   double shown = std::floor(seconds);
   showRest(shown);
   bool there = false;
-  while (goOn && !there && Now() < end && window_.Work.Port.PortOpen() &&
-         !window_.Work.Screen.IsQuitting()) {
-    if (window_.AbortableWait(kCanLookEvery, goOn) || !goOn) break;
+  while (!there && Now() < end && window_.Work.Port.PortOpen()) {
+    if (window_.AbortableWait(kCanLookEvery)) break;
     const double rest = std::floor(end - Now());
     if (rest >= 0 && rest < shown) showRest(shown = rest);
     there = CanPhotocellObscured(place);
     window_.Work.Screen.DoEvents();
   }
-  const bool halted = !goOn || window_.Flags.Closing || window_.Work.Screen.IsQuitting() ||
-                      !window_.Work.Port.PortOpen();
   window_.ShowReport(report);
   window_.Options.UnlockOptions();
-  window_.Flags.ShelfWaitActive = false;
-  if (halted) return kGivenUp;
+  if (window_.IsStopped() || !window_.Work.Port.PortOpen()) return kGivenUp;
   return there ? kCanThere : kCanMissing;
 }
 
 int ShelfAndValves::ShelfonCompletelyWithCan() {
-  const bool withShelf = window_.Work.Facts.HasShelf;
-  ui::Screen& screen = window_.Work.Screen;
-  const auto goesOn = [&screen](const std::string& text, ui::BoxIcon icon) {
-    return screen.Ask({text, icon, ui::BoxButtons::OkCancel, kCanTitle}) == ui::Answer::OK;
-  };
-  if (!goesOn(CanRequest(withShelf), ui::BoxIcon::Exclamation)) return kGivenUp;
-  if (withShelf) ShelfUp();
-  const int code = WaitForCan(withShelf ? kCanSeconds : 0);
-  if (code < 0) TellCanMissing(code);
-  if (code == kCanThere && withShelf && !goesOn(kGoOn, ui::BoxIcon::Plain)) return kGivenUp;
+  const std::optional<ui::Answer> answer =
+      window_.Ask({.Text = CanRequest(window_.Work.Facts.HasShelf),
+                   .Icon = ui::BoxIcon::Exclamation,
+                   .Buttons = ui::BoxButtons::OkCancel,
+                   .Title = kCanTitle});
+  if (answer != ui::Answer::OK) return kGivenUp;
+  shelfWaitActive_ = window_.Work.Facts.HasShelf;
+  const int code = MoveAndWait();
+  shelfWaitActive_ = false;
   return code;
 }
 
-void ShelfAndValves::TellCanMissing(int code) {
+int ShelfAndValves::MoveAndWait() {
+  const bool withShelf = window_.Work.Facts.HasShelf;
+  if (withShelf) ShelfUp();
+  const int code = WaitForCan(withShelf ? kCanSeconds : 0);
+  if (code < 0) return TellCanMissing(code);
+  if (code != kCanThere || !withShelf) return code;
+  const std::optional<ui::Answer> answer =
+      window_.Ask({.Text = kGoOn, .Buttons = ui::BoxButtons::OkCancel, .Title = kCanTitle});
+  return answer == ui::Answer::OK ? kCanThere : kGivenUp;
+}
+
+void ShelfAndValves::StopForCan() {
+  if (shelfWaitActive_ && IsMovingUp()) ShelfUp();
+}
+
+int ShelfAndValves::TellCanMissing(int code) {
   std::string what = base::JoinLines(
       {"Sensor not associated to the connector or", "incorrectly associated in configuration !"});
   if (code == kCanMissing) {
@@ -135,8 +136,8 @@ void ShelfAndValves::TellCanMissing(int code) {
                                              base::Bracketed("16_seconds")
                                        : "Can photocell NOT obscured";
   }
-  window_.Work.Screen.Ask(
-      {base::JoinLines({"Failure !", what}), ui::BoxIcon::Plain, ui::BoxButtons::Ok, kCanTitle});
+  window_.Ask({.Text = base::JoinLines({"Failure !", what}), .Title = kCanTitle});
+  return code;
 }
 
 bool ShelfAndValves::CheckPurgeConditions() {
@@ -165,7 +166,7 @@ bool ShelfAndValves::MayTestValves(int circuits) {
   } else {
     return true;
   }
-  window_.Work.Screen.Ask(box);
+  window_.Ask(box);
   return false;
 }
 
@@ -181,17 +182,13 @@ void ShelfAndValves::ValveTest() {
   window_.ShowReport(base::JoinLines(
       {window_.Description(rows::kValveTest), "",
        "[ expected process time = " + base::PlainNumber(seconds) + " sec. ]", "", kHaltHint}));
-  window_.Flags.ValveTestRunning = true;
   window_.Options.AllowOnly("0,1,2,", "0");
   window_.Flags.Idle = true;  // inputs, outputs and status may be read meanwhile
-  if (!window_.AbortableWait(seconds, window_.Flags.ValveTestRunning)) AwaitValveTestEnd();
-  window_.Flags.ValveTestRunning = false;
+  if (!window_.AbortableWait(seconds)) AwaitValveTestEnd();
 }
 
 void ShelfAndValves::AwaitValveTestEnd() {
-  const bool& running = window_.Flags.ValveTestRunning;
-  while (running && !window_.Work.Screen.IsQuitting()) {
-    if (window_.AbortableWait(kTestLookEvery, running) || !running) return;
+  while (!window_.AbortableWait(kTestLookEvery)) {
     if (window_.Send(rows::kStatus).substr(0, 1) == "B") continue;
     window_.Options.UnlockOptions();
     return;

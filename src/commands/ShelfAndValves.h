@@ -23,6 +23,8 @@ class ShelfAndValves {
   // Moves the shelf; within ten seconds of a move the other way, stops that one instead.
   void ShelfUp() { MoveShelf(up_, down_); }
   void ShelfDown() { MoveShelf(down_, up_); }
+  // Stops the shelf if it is being moved up for the can: the operator wants no more.
+  void StopForCan();
   void AutomaticPunching();
   void ValveTest();
 
@@ -45,12 +47,14 @@ class ShelfAndValves {
   int WaitForCan(double seconds);
   int WaitWithShelf(double seconds, std::size_t place);
   bool CanPhotocellObscured(std::size_t place);
-  void TellCanMissing(int code);
+  int MoveAndWait();
+  int TellCanMissing(int code);
   bool MayTestValves(int circuits);
   void AwaitValveTestEnd();
 
   CommWindow& window_;
   ElementSender& sender_;
+  bool shelfWaitActive_ = false;  // the shelf is moved for the can
   Way up_{rows::kShelfUp};
   Way down_{rows::kShelfDown};
 };

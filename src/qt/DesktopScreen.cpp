@@ -85,6 +85,8 @@ bool DesktopScreen::ServeOperator() {
   return Process(QEventLoop::AllEvents) || before;
 }
 
+bool DesktopScreen::ServeBacklog() { return Process(QEventLoop::AllEvents); }
+
 // Serves events until one has come or the time is over. True if one has come.
 bool DesktopScreen::AwaitEvents(double seconds) {
   if (!std::isfinite(seconds)) return Process(QEventLoop::WaitForMoreEvents);

@@ -40,6 +40,7 @@ class DesktopScreen final : public ui::Screen {
 
  protected:
   bool ServeOperator() override;
+  bool ServeBacklog() override;
   void AwaitOperator(double when) override;
   void Appeared(ui::Form& form, bool modal) override;
   void Vanished(ui::Form& form) override;

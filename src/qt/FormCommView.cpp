@@ -107,6 +107,9 @@ void AddFind(const ui::Form& form, QBoxLayout& column, QWidget& face) {
     edit->setPlaceholderText("a few letters of a command");
     edit->setClearButtonEnabled(true);
   }
+  if (QWidget* const found = MakeWidget<ui::Label>(form, "LblFound", -1, &face)) {
+    row->addWidget(found);
+  }
   column.addLayout(row);
 }
 
@@ -218,6 +221,7 @@ QWidget* MakeFormCommView(ui::Form& form, QWidget* parent) {
   faces->setContentsMargins(margin, margin, margin, margin);
   faces->addWidget(MakeCommandFace(form, *view));
   faces->addWidget(MakeMaintenanceFace(form, *view));
+  if (QWidget* const on = MakeWidget<ui::Label>(form, "LblOn", -1, view)) faces->addWidget(on);
   rows->addLayout(faces, 1);
   AddDebugFrame(form, *view, *rows);
   return view;

@@ -22,6 +22,9 @@ constexpr double kMillisecond = 0.001;
 // How often a program that is told to end presses a close button, in seconds.
 constexpr double kCloseInterval = 0.5;
 
+// More than a hand leaves behind; a window that keeps itself busy must not hold the program up.
+constexpr int kMostBacklog = 100;
+
 }  // namespace
 
 Answer WayOut(BoxButtons buttons) {
@@ -98,6 +101,11 @@ void Screen::TakeAway(Form& form) {
 }
 
 void Screen::DoEvents() { Serve(); }
+
+void Screen::CatchUp() {
+  for (int served = 0; served < kMostBacklog && ServeBacklog(); ++served) {
+  }
+}
 
 void Screen::Idle(double seconds) {
   const double end = clock_.Now() + seconds;

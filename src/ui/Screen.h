@@ -88,6 +88,9 @@ class Screen {
 
   // Serves what is pending: due timers and the operator's hand.
   void DoEvents();
+  // Serves to its end what the operator did while nobody served him. The hand of a script does
+  // nothing unserved: its next step waits.
+  void CatchUp();
   // Serves events. Returns as soon as one has been served, after `seconds` at the latest; once the
   // program must end, only then.
   void Idle(double seconds);
@@ -114,6 +117,8 @@ class Screen {
 
   // Serves the operator's pending hand. True if something was served.
   virtual bool ServeOperator() = 0;
+  // Serves something that the operator did while nobody served him. False if there is nothing.
+  virtual bool ServeBacklog() { return false; }
   // Waits for the operator until the clock reads `when`, which may be `kNever`, at the latest.
   virtual void AwaitOperator(double when) = 0;
   // A window has appeared, or goes.

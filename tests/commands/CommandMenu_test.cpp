@@ -323,23 +323,74 @@ TEST_F(CommandMenu, AFewLettersFindACommand) {
     const char* Typed;
     const char* Group;
     const char* Button;
+    const char* Found;
   } const cases[] = {
-      {"mot", "MACHINE TESTS", "Motor ON\r\nEXECUTE"},
-      {"PWM", "MACHINE MEMORY/DATA", "Read PWM freq./duty-cycle\r\nEXECUTE"},
-      {"no such command", "MACHINE MEMORY/DATA", "Read PWM freq./duty-cycle\r\nEXECUTE"},
-      {"", "MACHINE MEMORY/DATA", "Read PWM freq./duty-cycle\r\nEXECUTE"},
-      {"custom", "CUSTOM COMMAND", "Custom command\r\nEXECUTE"},
-      {"status", "STATUS, I/O SENSORS", "Status request\r\nEXECUTE"},
+      {"mot", "MACHINE TESTS", "Motor ON\r\nEXECUTE", "1 of 6"},
+      {"PWM", "MACHINE MEMORY/DATA", "Read PWM freq./duty-cycle\r\nEXECUTE", "1 of 2"},
+      {"custom", "CUSTOM COMMAND", "Custom command\r\nEXECUTE", "1 of 1"},
+      {"status", "STATUS, I/O SENSORS", "Status request\r\nEXECUTE", "1 of 3"},
+      {"no such command", "STATUS, I/O SENSORS", "< NO COMMAND AVAILABLE >", "no command"},
+      {"", "STATUS, I/O SENSORS", "< NO COMMAND AVAILABLE >", ""},
   };
   Window.TxtFind.SetFocus();
   for (const auto& c : cases) {
     Window.TxtFind.Text = c.Typed;
     EXPECT_EQ(Window.CmbCtype.SelectedText(), c.Group) << c.Typed;
     EXPECT_EQ(Window.CmdExec.Caption.Get(), c.Button) << c.Typed;
+    EXPECT_EQ(Window.LblFound.Caption.Get(), c.Found) << c.Typed;
+    Window.PressKey(ui::kKeyEnter, 0);  // sends nothing
   }
-  Port.Expect("#s*").Reply("K00");
-  Window.PressKey(ui::kKeyEnter, 0);
-  EXPECT_EQ(Text(1), "K00");
+  Execute();
+  EXPECT_EQ(Text(0), "");
+}
+
+TEST_F(CommandMenu, ArrowsGoThroughTheHitsOfAllGroups) {
+  Window.TxtFind.SetFocus();
+  Window.TxtFind.Text = "read";
+  std::vector<int> rows;
+  const auto note = [&] {
+    const int group = Window.CmbCtype.ListIndex;
+    rows.push_back(Window.LstCsingle(group).ItemData(Window.LstCsingle(group).ListIndex));
+  };
+  for (int press = 0; press < 9; ++press) {
+    note();
+    Window.PressKey(ui::kKeyDown, 0);
+  }
+  Window.PressKey(ui::kKeyUp, 0);
+  note();
+  EXPECT_EQ(rows, (std::vector<int>{0, 1, 2, 11, 37, 41, 43, 45, 46, 46}));
+}
+
+// A second press while the line is busy must not answer the question that the first brings up.
+TEST_F(CommandMenu, WhatWasPressedBeforeAQuestionDoesNotAnswerIt) {
+  Screen.Replies = {"01100"};
+  Pick(28);
+  Screen.Show(Window);
+  Screen.After(0, [this] { Window.CmdExec.Press(); });
+  Screen.After(0, [this] { Window.CmdStop.Press(); });
+  Screen.After(1, [] {});
+  Port.Expect("#z*").Reply("A");
+  Execute();
+  EXPECT_EQ(Screen.Questions.size(), 0U);
+  EXPECT_EQ(Text(2), "[ command aborted ]");
+  Port.Expect("#z*").Reply("A");
+  Screen.Unload(Window);
+}
+
+// Until the machine has answered, nothing is known of it.
+TEST_F(CommandMenu, OpensWithoutWhatTheLastOpeningShowed) {
+  Execute(2, "#iu*", "A01FFFFFF8000");
+  Execute(3, "#s*", "E011103");
+  Port.Expect("#z*").Reply("A");
+  Screen.Unload(Window);
+  Load();
+  const state::SensorPanels& panels = Window.Panels;
+  EXPECT_EQ(panels.IShape3(20).BackColor.Get(), state::kNoDataColour);
+  EXPECT_EQ(panels.GRShape1(20).BackColor.Get(), state::kNoDataColour);
+  for (const ui::Label* label : {&panels.ILabel1, &panels.OLabel1, &panels.ErLabel1}) {
+    EXPECT_EQ(label->Caption.Get(), "");
+  }
+  EXPECT_EQ(panels.ErText1.Text.Get(), "");
 }
 
 TEST_F(CommandMenu, TheLastCommandsAreTakenUpAgain) {

@@ -42,9 +42,12 @@ struct MaintenanceBench : LineBench {
     Screen.ShowModal(Window);
   }
 
-  // A key of the operator; a letter, "F1" to "F10", "Esc" or "HALT", its button.
+  // What the operator presses: a letter, "F1" to "F10" or "Esc"; "HALT", its button; "close", the
+  // window's; "Option13" the button of an option, which it only selects.
   void Press(const std::string& key) {
     if (key == "HALT") return Window.CmdMultStop.Press();
+    if (key == "close") return static_cast<void>(Screen.CloseByOperator(Window));
+    if (key[0] == 'O' && key.size() > 1) return Window.Option1(std::stoi(key.substr(6))).Press();
     int code = key == "Esc" ? static_cast<int>(ui::kKeyEsc) : key[0];
     if (key[0] == 'F' && key.size() > 1) code = ui::kKeyF1 - 1 + std::stoi(key.substr(1));
     Window.PressKey(code, 0);

@@ -136,6 +136,20 @@ TEST(Purge, SwitchesOffAfterFailuresOfTheWatchAndOfTheEnd) {
   }
 }
 
+// What is left of a refusal would be taken for the beginning of the next answer.
+TEST(Purge, LeavesTheLineEmptyBehindAFailedEnd) {
+  PurgeBench bench;
+  bench.Tell("fault refuse #dc*");
+  bench.PressUpon("#s*", 1, "F9");
+  std::string told;
+  bench.Screen.After(110, [&] {
+    bench.Press("R");
+    told = bench.StatusLine();
+  });
+  bench.Wire({"F9", "HALT"});
+  EXPECT_EQ(told, "[ command accepted ]\r\n");
+}
+
 TEST(Purge, DoesNotStartWithoutItsConditions) {
   struct Case {
     const char* Fault;

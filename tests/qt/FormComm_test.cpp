@@ -18,6 +18,7 @@
 
 #include "base/ScratchFolder.h"
 #include "commands/FormComm.h"
+#include "link/NotingPort.h"
 #include "qt/DesktopScreen.h"
 #include "qt/EveryKind.h"
 #include "qt/Inspect.h"
@@ -112,7 +113,8 @@ class CommandsWindow : public ::testing::Test {
   base::StandardFileSystem files;
   testing::ScratchFolder folder;
   simulator::Machine machine{clock};
-  simulator::SimulatedPort port{clock, {{1, &machine}}};
+  simulator::SimulatedPort simulated{clock, {{1, &machine}}};
+  testing::NotingPort port{simulated};
   DesktopScreen screen{clock};
   QTimer boxes;
   commands::FormComm* form = nullptr;
@@ -121,11 +123,15 @@ class CommandsWindow : public ::testing::Test {
 TEST_F(CommandsWindow, CommandIsFoundByLettersSentAndToldByEnter) {
   Run(&shell::Form1::MMnuCommand, [this] {
     EXPECT_FALSE(Of<QWidget>(form->FrmMulti).isVisible());
+    form->TxtFind.SetFocus();
     QTest::keyClicks(&Of<QLineEdit>(form->TxtFind), "bridges");
     EXPECT_EQ(Of<RowList>(form->LstCsingle(0)).currentIndex().data().toString(),
               "H-bridges status");
     EXPECT_FALSE(Of<QWidget>(form->FrameOutput).isVisible());
     Key(Qt::Key_Return);
+    EXPECT_EQ(Line(0), "");
+    EXPECT_EQ(Of<QLabel>(form->LblFound).text(), "1 of 1");
+    QTest::mouseClick(&Of<QPushButton>(form->CmdExec), Qt::LeftButton);
     EXPECT_EQ(Line(0), "#UP*");
     EXPECT_TRUE(Line(1).startsWith("A0"));
     EXPECT_EQ(Page(form->TxtIO(2)), "[ command accepted ]");
@@ -244,7 +250,7 @@ TEST_F(CommandsWindow, PurgeIsEndedByItsKeyAndByHalt) {
       bool ended = false;
       QTimer watch;
       QObject::connect(&watch, &QTimer::timeout, [&] {
-        if (ended || !form->Flags.PurgeRunning || machine.Tell("check motors none").empty()) return;
+        if (ended || !form->Running || machine.Tell("check motors none").empty()) return;
         ended = true;
         auto& purge = Of<QRadioButton>(form->Option1(commands::kPurge));
         EXPECT_TRUE(purge.isEnabled() && purge.isChecked());
@@ -268,6 +274,67 @@ TEST_F(CommandsWindow, PurgeIsEndedByItsKeyAndByHalt) {
       const QScrollBar& bar = *Of<QPlainTextEdit>(form->TextOutput).verticalScrollBar();
       EXPECT_EQ(bar.value(), bar.maximum());
     }
+  });
+}
+
+// Presses that wait in the queue while the line is busy, as those of a hand that presses twice.
+TEST_F(CommandsWindow, PressesThatWaitBehindACommandStartAndAnswerNothing) {
+  Run(&shell::Form1::MMnuMaint, [this] {
+    machine.Tell("can on");
+    machine.Tell("shelf high");
+    QWidget& window = *screen.WindowFor(*form);
+    const auto key = [&window](Qt::Key code) {
+      for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QCoreApplication::postEvent(&window, new QKeyEvent(type, code, Qt::NoModifier));
+      }
+    };
+    const auto click = [this](const ui::Control& control) {
+      auto& widget = Of<QWidget>(control);
+      const QPointF at = widget.rect().center();
+      for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QCoreApplication::postEvent(
+            &widget, new QMouseEvent(type, at, widget.mapToGlobal(at), Qt::LeftButton,
+                                     Qt::LeftButton, Qt::NoModifier));
+      }
+    };
+    const auto upon = [this](const std::string& command, const std::function<void()>& press) {
+      port.Written.clear();
+      port.OnWriting = [this, command, press, done = false]() mutable {
+        if (done || !port.Written.ends_with(command)) return;
+        done = true;
+        press();
+      };
+    };
+    AnswerBoxes("01");
+    for (const bool byKey : {true, false}) {
+      upon("#ns*#s*", [&] {  // both presses of a hand that presses twice to stop
+        for (int press = 0; press < 2; ++press) byKey ? key(Qt::Key_F9) : click(form->CmdMultExec);
+      });
+      const auto again = port.OnWriting;
+      port.OnWriting = [&, again] {
+        if (again) again();
+        if (!port.Written.ends_with("#l01*")) return;
+        byKey ? key(Qt::Key_F9) : click(form->CmdMultExec);
+      };
+      Key(Qt::Key_F9);
+      Pass(60);
+      EXPECT_TRUE(port.Written.ends_with("#l01*#g01*#dc01*")) << port.Written;
+    }
+    upon("#l01*", [&] { click(form->CmdMultStop); });
+    bool opened = false;
+    const auto again = port.OnWriting;
+    port.OnWriting = [&, again] {
+      if (port.Written.ends_with("#o01*") && !opened) {
+        opened = true;
+        key(Qt::Key_F7);
+        AnswerBoxes("02");
+      }
+      again();
+    };
+    Key(Qt::Key_F7);
+    Pass(10);
+    EXPECT_TRUE(port.Written.ends_with("#l01*#z*")) << port.Written;
+    port.OnWriting = nullptr;
   });
 }
 

@@ -85,6 +85,10 @@ class NotingScreen final : public ui::Screen {
     }
     return true;
   }
+  // What was due before anybody looked.
+  bool ServeBacklog() override {
+    return !later_.empty() && Time().Now() >= later_.begin()->first && ServeOperator();
+  }
   void AwaitOperator(double when) override {
     const double due = later_.empty() ? when : std::max(Time().Now(), later_.begin()->first);
     Time().SleepUntil(std::min({when, due, Time().Now() + 1.0}));
