@@ -17,7 +17,7 @@ std::string Autotest::Record() const {
     record += base::ToHex(++number, 2) + base::ToHex(errors.size(), 2);
     for (const std::uint32_t code : errors) record += base::ToHex(code, 4);
   }
-  return record;
+  return record.substr(0, Cut.value_or(record.size()));
 }
 
 bool Autotest::Add(const std::vector<std::uint32_t>& errors) {
@@ -29,6 +29,7 @@ bool Autotest::Add(const std::vector<std::uint32_t>& errors) {
 void Autotest::Clear() {
   total_ = 0;
   cycles_.clear();
+  Cut.reset();
 }
 
 }  // namespace tintbench::simulator

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,12 @@ class Autotest {
   // of errors and their codes, all hexadecimal.
   std::string Record() const;
 
+  // The record breaks off behind so many characters; nothing: it is whole.
+  std::optional<std::size_t> Cut;
+
   // Adds a cycle. False if there is no room for it.
   bool Add(const std::vector<std::uint32_t>& errors);
+  // No cycles done, of none, and the record whole.
   void Clear();
 
  private:

@@ -89,7 +89,8 @@ Reply ReadAllStatistics(Plant& plant, const std::string& argument, double now) {
   const char kind = argument[0];
   if (!IsElementKind(kind)) return Refused();
   const std::vector<int>& elements = plant.TheStatistics.Elements(kind);
-  std::string text = "A" + base::LastDigits(static_cast<std::int64_t>(elements.size()), 2);
+  const int count = plant.TheStatistics.ToldRecords.value_or(static_cast<int>(elements.size()));
+  std::string text = "A" + base::LastDigits(count, 2);
   for (const int element : elements) {
     text += Record(*plant.TheStatistics.Find(kind, element), element, now);
   }
@@ -125,8 +126,8 @@ Reply WriteStatistics(Plant& plant, const std::string& argument, double now) {
 }
 
 Reply StoreStatistics(Plant& plant, const std::string&, double now) {
-  plant.TheStatistics.Store(now);
-  return {"A", 0.5};
+  constexpr double kWriting = 0.5;
+  return plant.TheStatistics.Store(now) ? Reply{"A", kWriting} : Refused();
 }
 
 constexpr std::array kDataRows = {

@@ -164,6 +164,12 @@ bool AutotestCycle(Plant& plant, const Words& words, double) {
     plant.TheAutotest.Clear();
     return true;
   }
+  if (words.size() == 2 && words[0] == "cut") {
+    const std::optional<double> place = WholeNumber(words[1]);
+    if (!place || *place < 0) return false;
+    plant.TheAutotest.Cut = static_cast<std::size_t>(*place);
+    return true;
+  }
   if (words.empty() || words[0] != "cycle") return false;
   std::vector<std::uint32_t> errors;
   for (std::size_t i = 1; i < words.size(); ++i) {
@@ -171,6 +177,35 @@ bool AutotestCycle(Plant& plant, const Words& words, double) {
     errors.push_back(*ErrorCode(words[i]));
   }
   return plant.TheAutotest.Add(errors);
+}
+
+// A value of a counter, which has ten digits at the most.
+std::optional<double> CounterValue(const std::string& word) {
+  const std::optional<double> value = WholeNumber(word);
+  return value && *value >= 0 && *value <= Counter::kLargest ? value : std::nullopt;
+}
+
+// "flash good|broken", "records N|right" or "KIND ELEMENT SECONDS EVENTS".
+bool SetCounter(Plant& plant, const Words& words, double now) {
+  Statistics& statistics = plant.TheStatistics;
+  if (words.size() == 2 && words[0] == "flash") {
+    statistics.FlashBroken = words[1] == "broken";
+    return statistics.FlashBroken || words[1] == "good";
+  }
+  if (words.size() == 2 && words[0] == "records") {
+    const std::optional<double> count = CounterValue(words[1]);
+    const bool right = words[1] == "right";
+    if (!right && (!count || *count > 99)) return false;
+    statistics.ToldRecords = right ? std::nullopt : std::optional(static_cast<int>(*count));
+    return true;
+  }
+  if (words.size() != 4 || words[0].size() != 1) return false;
+  const std::optional<double> seconds = CounterValue(words[2]);
+  const std::optional<double> events = CounterValue(words[3]);
+  Counter* counter = statistics.Find(words[0][0], base::LeadingInt(words[1]));
+  if (!seconds || !events || counter == nullptr) return false;
+  counter->Set(*seconds, *events, now);
+  return true;
 }
 
 constexpr std::array kWords = {
@@ -195,7 +230,11 @@ constexpr std::array kWords = {
     PlantWord{"dip", "dip N on|off", "dip-switch 1 to 4; 4 is read at a reset", Dip},
     PlantWord{"config", "config @TAG N|* FIELD VALUE | @TAG N|* none",
               "changes the file that the machine runs and gives", Config},
-    PlantWord{"autotest", "autotest cycle [CODE...]|none", "adds a self-test cycle", AutotestCycle},
+    PlantWord{"autotest", "autotest cycle [CODE...]|cut N|none",
+              "adds a self-test cycle, or breaks the record off behind N characters",
+              AutotestCycle},
+    PlantWord{"counter", "counter KIND N SECONDS EVENTS | flash good|broken | records N|right",
+              "sets a counter of statistics, or spoils how they are kept and told", SetCounter},
 };
 
 }  // namespace

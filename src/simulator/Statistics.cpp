@@ -1,12 +1,8 @@
 #include "simulator/Statistics.h"
 
-#include <algorithm>
-
 namespace tintbench::simulator {
 
 namespace {
-
-constexpr double kLargest = 9999999999.0;  // ten digits on the line
 
 std::string_view TableOf(char kind) {
   switch (kind) {
@@ -73,14 +69,16 @@ void Statistics::Begin(double now) {
   Find('T', 0)->Set(1200.0 * 3600.0, 0.0, now);
   double events = 800.0;
   for (const char kind : kSingleKinds.substr(1)) Find(kind, 0)->Set(0.0, events += 111.0, now);
-  Store(now);
+  static_cast<void>(Store(now));
 }
 
-void Statistics::Store(double now) {
+bool Statistics::Store(double now) {
+  if (FlashBroken) return false;
   flash_.clear();
   for (const auto& [key, counter] : counters_) {
     flash_[key].Set(counter.Seconds(now), counter.Events(now), now);
   }
+  return true;
 }
 
 void Statistics::Recall(double now) {

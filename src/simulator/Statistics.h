@@ -1,8 +1,10 @@
 // The machine's working times and event counts, and their copy in flash memory.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -21,8 +23,11 @@ class Counter {
   void Add(double seconds, double events);
   void Set(double seconds, double events, double now);
 
-  double Seconds(double now) const { return seconds_ + Elapsed(now); }
-  double Events(double now) const { return events_ + rate_ * Elapsed(now); }
+  // Neither goes beyond kLargest: a counter that is full stands still.
+  double Seconds(double now) const { return std::min(seconds_ + Elapsed(now), kLargest); }
+  double Events(double now) const { return std::min(events_ + rate_ * Elapsed(now), kLargest); }
+
+  static constexpr double kLargest = 9999999999.0;  // ten digits on the line
 
  private:
   double Elapsed(double now) const { return running_ ? now - since_ : 0.0; }
@@ -53,9 +58,15 @@ class Statistics {
   // Fills the counters of a machine that has worked for some time, and stores them.
   void Begin(double now);
 
-  // Writes all counters to flash memory, or takes them back from it as after a reset.
-  void Store(double now);
+  // Writes all counters to flash memory, or takes them back from it as after a reset. Storing is
+  // false if the memory is broken.
+  bool Store(double now);
   void Recall(double now);
+
+  // What wear does to it: a flash memory that takes nothing more, and a number of records in front
+  // of all elements of a kind that isn't how many follow.
+  bool FlashBroken = false;
+  std::optional<int> ToldRecords;
 
  private:
   using Key = std::pair<char, int>;

@@ -65,6 +65,31 @@ TEST(CountersTest, OnlyWhatIsStoredSurvivesAReset) {
   EXPECT_EQ(Events(desk, "M05"), 222);
 }
 
+TEST(CountersTest, WearShowsInWhatIsCountedAndKept) {
+  Desk desk;
+  // A full counter stands still.
+  desk.Tell("counter M 2 9999999990 9999999999");
+  desk.Ask("#f02600*", 0.05);
+  desk.Clock.Sleep(100.0);
+  EXPECT_EQ(desk.Ask("#krM02*", 0.05), "A0299999999999999999999");
+  desk.Ask("#z*", 0.05);
+  EXPECT_EQ(desk.Ask("#krM02*", 0.05), "A0299999999999999999999");
+  // What the flash memory doesn't take is gone with the next reset.
+  desk.Tell("counter flash broken");
+  EXPECT_EQ(desk.Ask("#km*", 1.0), "R");
+  desk.Ask("#h*", 12.0);
+  EXPECT_LT(Events(desk, "M02"), 10000);
+  desk.Tell("counter flash good");
+  EXPECT_EQ(desk.Ask("#km*", 1.0), "A");
+  for (const auto& [words, told] :
+       {std::pair("counter records 3", "A03"), std::pair("counter records right", "A12")}) {
+    desk.Tell(words);
+    EXPECT_EQ(desk.Ask("#kvM*").substr(0, 3), told);
+  }
+  desk.Tell("autotest cut 4");
+  EXPECT_EQ(desk.Ask("#xa*"), "A0514");
+}
+
 TEST(CountersTest, ABulkReadingHoldsAllElementsInOrder) {
   Desk desk;
   const std::string answer = desk.Ask("#kvM*");
