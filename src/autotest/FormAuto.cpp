@@ -55,6 +55,12 @@ void FormAuto::Form_Load() {
   FrmDbg.Visible = parts_.Log.DebugLevel() == link::kDebugCommands;
 }
 
+void FormAuto::Form_KeyDown(ui::KeyEvent& key) {
+  if (key.Code != ui::kKeyEsc || key.Shift != 0) return;
+  key.Code = 0;
+  parts_.Screen.Unload(*this);
+}
+
 void FormAuto::Clear() {
   for (ui::Label* label : {&LblCdone, &LblCtotal, &LblErrInfo, &LblCycles, &LblErrors}) {
     label->Caption = "";

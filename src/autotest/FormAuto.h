@@ -45,6 +45,7 @@ struct FormAuto final : ui::Form {
   ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
 
   void Form_Load() override;
+  void Form_KeyDown(ui::KeyEvent& key) override;
 
  private:
   void CmdAutotest_Click();

@@ -20,11 +20,12 @@ PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std:
   screen.Register(*this);
 }
 
-PlainWindows::PlainWindows(ui::Screen& screen, commands::FormComm& formComm)
+PlainWindows::PlainWindows(ui::Screen& screen, commands::FormComm& formComm,
+                           stats::FormStat& formStat, autotest::FormAuto& formAuto)
     : formComm_(formComm),
+      formStat_(formStat),
+      formAuto_(formAuto),
       formXmod_(screen, "FormXmod", kTransferTitles[0]),
-      formStat_(screen, "FormStat", "Statistical Data"),
-      formAuto_(screen, "FormAuto", "AUTOTEST  INFORMATIONS"),
       formGMon_(screen, "FormGMon", "GROUP n. "),
       formGHst_(screen, "FormGHst", "Groups Monitoring History") {}
 

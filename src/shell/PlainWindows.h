@@ -2,8 +2,10 @@
 // name and title, so that the menus already lead somewhere and the machine is held around it.
 #pragma once
 
+#include "autotest/FormAuto.h"
 #include "commands/FormComm.h"
 #include "shell/SubWindows.h"
+#include "stats/FormStat.h"
 #include "ui/Controls.h"
 #include "ui/Screen.h"
 
@@ -21,8 +23,9 @@ struct PlainWindow : ui::Form {
 
 class PlainWindows final : public SubWindows {
  public:
-  // The window of commands must outlive this; the rest are plain ones.
-  PlainWindows(ui::Screen& screen, commands::FormComm& formComm);
+  // The windows that are given must outlive this; the rest are plain ones.
+  PlainWindows(ui::Screen& screen, commands::FormComm& formComm, stats::FormStat& formStat,
+               autotest::FormAuto& formAuto);
 
   ui::Form& Transfer(int mode) override;
   ui::Form& Statistics() override { return formStat_; }
@@ -33,9 +36,9 @@ class PlainWindows final : public SubWindows {
 
  private:
   commands::FormComm& formComm_;
+  stats::FormStat& formStat_;
+  autotest::FormAuto& formAuto_;
   PlainWindow formXmod_;
-  PlainWindow formStat_;
-  PlainWindow formAuto_;
   PlainWindow formGMon_;
   PlainWindow formGHst_;
 };

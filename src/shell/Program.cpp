@@ -32,7 +32,7 @@ Program::Program(const ProgramSetup& setup)
       decoder_(names_, errors_, [this] { return base::LeadingNumber(status_.FirmwareVersion); }),
       splash_(setup.Screen, setup.Identity),
       formDbg_(setup.Screen),
-      windows_(setup.Screen, formComm_),
+      windows_(setup.Screen, formComm_, formStat_, formAuto_),
       form1_({.Screen = setup.Screen,
               .Identity = setup_.Identity,
               .Owner = *this,
@@ -57,6 +57,17 @@ Program::Program(const ProgramSetup& setup)
                  .Decoder = decoder_,
                  .Styles = styles_,
                  .MainWindow = form1_}),
+      formStat_({.Screen = setup.Screen,
+                 .Files = setup.Files,
+                 .Paths = paths_,
+                 .Port = setup.Port,
+                 .Commands = transaction_,
+                 .Table = commands_,
+                 .Log = log_,
+                 .Facts = facts_,
+                 .Status = status_},
+                statCatalogue_),
+      formAuto_({.Screen = setup.Screen, .Commands = transaction_, .Log = log_, .Errors = errors_}),
       linkUp_({.Port = setup.Port,
                .Clock = setup.Clock,
                .Files = setup.Files,
@@ -73,6 +84,8 @@ Program::Program(const ProgramSetup& setup)
   setup_.Screen.Register(form1_);
   setup_.Screen.Register(formDbg_);
   setup_.Screen.Register(formComm_);
+  setup_.Screen.Register(formStat_);
+  setup_.Screen.Register(formAuto_);
 }
 
 Program::Result Program::Main() {
@@ -97,7 +110,7 @@ void Program::SweepUp() {
   for (const std::string& path : {paths_.ReceivedConfigFile(), paths_.ReceptionFile()}) {
     if (setup_.Files.FileExists(path)) static_cast<void>(setup_.Files.Delete(path));
   }
-  for (const std::string& folder : {paths_.AppPath(), paths_.ConfigFolder()}) {
+  for (const std::string& folder : {paths_.AppPath(), paths_.ConfigFolder(), paths_.StatFolder()}) {
     base::SweepTemporaryFiles(setup_.Files, folder);
   }
 }

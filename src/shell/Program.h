@@ -99,6 +99,9 @@ class Program final : private MainWindowOwner {
   PlainWindows windows_;
   Form1 form1_;
   commands::FormComm formComm_;
+  stats::StatCatalogue statCatalogue_;
+  stats::FormStat formStat_;
+  autotest::FormAuto formAuto_;
   link::LinkUp linkUp_;
   double splashSince_ = 0;
   bool hasPort_ = false;

@@ -39,7 +39,9 @@ std::string Remark(const std::string& answer, std::size_t length, std::string_vi
            std::to_string(length);
   }
   const std::string_view rest = std::string_view(answer).substr(1);
-  if (!rest.starts_with(echo)) return "answer of another element: " + answer.substr(1, 2);
+  if (!rest.starts_with(echo)) {
+    return "tells " + answer.substr(1, echo.size()) + " instead of " + std::string(echo);
+  }
   return AreDigits(rest, rest.size()) ? "" : "answer with strange characters";
 }
 

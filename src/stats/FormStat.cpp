@@ -100,6 +100,17 @@ void FormStat::Form_Load() {
   TabStripSta.TabIndex = 0;
 }
 
+// Esc leads back from the overview, and out of the window.
+void FormStat::Form_KeyDown(ui::KeyEvent& key) {
+  if (key.Code != ui::kKeyEsc || key.Shift != 0) return;
+  key.Code = 0;
+  if (FrmOverview.Visible) {
+    ShowView(kElementView);
+  } else {
+    work_.Screen.Unload(*this);
+  }
+}
+
 void FormStat::Form_QueryUnload(bool& cancel) { cancel = FrmRSAll.Enabled; }
 
 void FormStat::Form_Unload(bool&) { buffers_ = {}; }

@@ -36,6 +36,7 @@ struct FormStat final : StatWindow, private StatLine, private StatView {
   explicit FormStat(const FormStatParts& parts, const StatCatalogue& catalogue);
 
   void Form_Load() override;
+  void Form_KeyDown(ui::KeyEvent& key) override;
   void Form_QueryUnload(bool& cancel) override;
   void Form_Unload(bool& cancel) override;
 
