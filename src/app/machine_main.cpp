@@ -1,8 +1,6 @@
 // tintbench-machine: the simulated machine at a pseudo-terminal, for any program that speaks to a
 // serial line.
 #include <poll.h>
-#include <signal.h>
-#include <sys/signalfd.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -16,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "app/EndSignals.h"
 #include "app/MachineOptions.h"
 #include "app/MachineTerminal.h"
 #include "base/Clock.h"
@@ -37,15 +36,6 @@ void Report(const std::string& what) {
 int Fail(const std::string& reason) {
   Report(reason);
   return kWrongUse;
-}
-
-// A descriptor that can be read once one of the signals that end the program has come.
-int EndSignals() {
-  sigset_t signals;
-  sigemptyset(&signals);
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) sigaddset(&signals, signal);
-  sigprocmask(SIG_BLOCK, &signals, nullptr);
-  return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path, std::string& error) {
@@ -172,13 +162,12 @@ int RunMachine(const MachineArguments& arguments) {
     error = machine.Tell("fault " + fault);
     if (!error.empty()) return Fail(error);
   }
-  const int signals = EndSignals();
+  const EndSignals signals;
   MachineTerminal terminal(arguments.Link);
   if (!terminal.Open(error)) return Fail(error);
   std::printf("%s -> %s\n", arguments.Link.c_str(), terminal.Device().c_str());
   std::fflush(stdout);
-  Session(clock, machine, terminal, arguments).Run(signals);
-  close(signals);
+  Session(clock, machine, terminal, arguments).Run(signals.Descriptor());
   return kGood;
 }
 

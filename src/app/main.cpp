@@ -8,9 +8,12 @@
 
 #include "app/AppFiles.h"
 #include "app/AppOptions.h"
+#include "app/EndSignals.h"
 #include "base/Clock.h"
 #include "qt/Application.h"
 #include "qt/DesktopScreen.h"
+#include "qt/EndWatch.h"
+#include "qt/FolderLock.h"
 #include "qt/PortTable.h"
 #include "qt/QtSerialPort.h"
 #include "qt/StandardViews.h"
@@ -66,10 +69,15 @@ struct Run {
   const AppOptions& Options;
   base::Clock& Clock;
   base::FileSystem& Files;
+  const EndSignals& Signals;
   std::string AppPath;
 };
 
 shell::Program::Result RunProgram(const Run& run, Line& line, ui::Screen& screen) {
+  const desktop::EndWatch watch(run.Signals.Descriptor(), [&run, &screen] {
+    run.Signals.Take();
+    screen.CloseAll();
+  });
   shell::Program program({.Clock = run.Clock,
                           .Files = run.Files,
                           .Port = *line.Port,
@@ -87,7 +95,7 @@ int RunOperator(const Run& run, const ui::OperatorScript& script) {
     teller = [&line](const std::string& words) { return line.Machine->Tell(words); };
   }
   ui::OperatorScreen screen(run.Clock, script, std::cout, std::cerr, teller);
-  if (!line.Machine) screen.Meanwhile = desktop::Application::ServeEvents;
+  screen.Meanwhile = desktop::Application::ServeEvents;
   if (RunProgram(run, line, screen) == shell::Program::Result::NoPort) return kNoPort;
   return static_cast<int>(screen.Finish());
 }
@@ -117,8 +125,11 @@ int Start(const AppOptions& options, int argc, char** argv) {
   }
   const auto appPath = ChooseAppPath(files, options.DataDir, argv[0], error);
   if (!appPath) return Complain(error);
+  desktop::FolderLock lock;
+  if (!lock.Take(*appPath, error)) return Complain(error);
+  const EndSignals endSignals;
   base::Clock& clock = options.VirtualClock ? static_cast<base::Clock&>(virtualClock) : realClock;
-  const Run run{options, clock, files, *appPath};
+  const Run run{options, clock, files, endSignals, *appPath};
   int count = argc > 0 ? 1 : 0;  // our options are none of the toolkit's
   const desktop::Application application(
       withOperator ? desktop::ApplicationKind::Console : desktop::ApplicationKind::Windows, count,

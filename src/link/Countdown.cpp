@@ -15,9 +15,14 @@ struct Place {
   const char* Label;
 };
 
-// The rows that have a sensor panel: inputs, outputs, both, status.
-constexpr std::array<Place, 5> kPlaces{
-    {{0, "ILabel1"}, {1, "OLabel1"}, {2, "ILabel1"}, {2, "OLabel1"}, {3, "ErLabel1"}}};
+// The rows that have a sensor panel: inputs, outputs, both, status; and the firmware version, which
+// link-up reads.
+constexpr std::array<Place, 6> kPlaces{{{0, "ILabel1"},
+                                        {1, "OLabel1"},
+                                        {2, "ILabel1"},
+                                        {2, "OLabel1"},
+                                        {3, "ErLabel1"},
+                                        {7, "LblLinkWait"}}};
 
 template <typename Kind>
 void ShowAtOnce(Kind* control, ui::Property<std::string> Kind::*property, const std::string& text) {

@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "config/MachineFacts.h"
+#include "link/Countdown.h"
 #include "link/LinkTexts.h"
 #include "link/MasterFrame.h"
 
@@ -45,6 +47,7 @@ int LinkUp::LinkMachine(std::string& port, std::string& settings) {
     againPort_ = port;
     againSettings_ = settings;
     Connect(port, settings);
+    parts_.View.ShowStep("");
     TellOperator();
   }
   ShowCurrentVersions();
@@ -111,12 +114,14 @@ int LinkUp::LinkMachineLoop(const std::string& port, const std::string& settings
         goOn = OpenAndStartService(port, settings);
         break;
       case kPortOpen:
+        TellStep(port, "reading the machine's firmware version");
         goOn = ReadMachineVersion();
         if (goOn) status.LinkState = kMachineHeard;
         // Firmware so old has no configuration reading.
         if (status.FirmwareNumber() >= 1 && status.FirmwareNumber() <= kOldFirmware) goOn = false;
         break;
       case kMachineHeard:
+        TellStep(port, "receiving the machine's configuration");
         goOn = ExecuteConfigRead();
         if (goOn) status.LinkState = kConfigReceived;
         break;
@@ -135,7 +140,12 @@ int LinkUp::LinkMachineLoop(const std::string& port, const std::string& settings
   return status.LinkState;
 }
 
+void LinkUp::TellStep(const std::string& port, const std::string& step) {
+  parts_.View.ShowStep("Port " + std::to_string(base::LeadingInt(port)) + ": " + step);
+}
+
 bool LinkUp::OpenAndStartService(const std::string& port, const std::string& settings) {
+  TellStep(port, "opening it");
   const bool open =
       parts_.Ports.OpenComPort(port, settings) && (!IsMaster() || StartMasterService(port));
   if (!open) parts_.Status.Problem = parts_.Port.LastProblem();
@@ -145,8 +155,11 @@ bool LinkUp::OpenAndStartService(const std::string& port, const std::string& set
 // The machine's own answer is of no consequence here: what counts is the version that follows.
 bool LinkUp::StartMasterService(const std::string& port) {
   if (!parts_.Ports.OpenComPort(port, parts_.Port.Settings())) return false;
+  TellStep(port, "starting the service");
   parts_.Port.Output(MasterWireFrame(kStartOfService));
-  CollectUntilFrameEnd(parts_.Port, parts_.Screen);
+  CollectUntilFrameEnd(parts_.Port, parts_.Screen, [this](int seconds) {
+    ShowCountdown(parts_.View.LinkForm(), kFirmwareVersionRow, seconds);
+  });
   return true;
 }
 

@@ -21,6 +21,8 @@ class LinkView {
   virtual ~LinkView() = default;
   // The window that the commands of link-up are sent for.
   virtual ui::Form& LinkForm() = 0;
+  // What link-up does from now on, in words. Empty once it is over.
+  virtual void ShowStep(const std::string& step) = 0;
   // `caption` names the port and its settings.
   virtual void ShowPort(const std::string& caption) = 0;
   // On the master line a good link can't be changed.
@@ -70,6 +72,7 @@ class LinkUp {
   void WalkPorts(const std::string& firstPort, const std::string& settings);
   void TryPort(const std::string& port, const std::string& settings);
   int LinkMachineLoop(const std::string& port, const std::string& settings);
+  void TellStep(const std::string& port, const std::string& step);
   bool OpenAndStartService(const std::string& port, const std::string& settings);
   bool StartMasterService(const std::string& port);
   bool ReadMachineVersion();

@@ -1,5 +1,7 @@
 #include "link/MasterFrame.h"
 
+#include <cmath>
+
 namespace tintbench::link {
 
 namespace {
@@ -34,11 +36,13 @@ std::string MasterWireFrame(std::string_view text) {
 
 std::string MasterStartAnswer() { return MasterWireFrame("01C1____000"); }
 
-std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen) {
+std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen,
+                                 const std::function<void(int)>& tell) {
   const double end = screen.Time().Now() + kServiceTimeout;
   std::string text;
   while (port.PortOpen() && text.find(kFrameEnd) == std::string::npos &&
          screen.Time().Now() < end) {
+    if (tell) tell(static_cast<int>(std::ceil(end - screen.Time().Now())));
     screen.Idle(kServiceLook);
     text += port.Input();
   }

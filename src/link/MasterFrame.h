@@ -2,6 +2,7 @@
 // and 3. Only the start and the end of service on that line need it; no frame is ever decoded.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -25,8 +26,10 @@ std::string MakeMasterFrame(std::string_view text);
 std::string MasterWireFrame(std::string_view text);
 
 // Collects what comes until it holds the end of a frame, for ten seconds at the most and no longer
-// than the port is open, and serves window events meanwhile.
-std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen);
+// than the port is open, and serves window events meanwhile. `tell` is called again and again with
+// the seconds that are left.
+std::string CollectUntilFrameEnd(SerialPort& port, ui::Screen& screen,
+                                 const std::function<void(int)>& tell = {});
 
 // What the machine answers to the start of service when it agrees, with codes 1 and 3.
 std::string MasterStartAnswer();

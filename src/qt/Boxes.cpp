@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -98,7 +99,9 @@ std::optional<std::string> AskQuestion(const ui::Question& question, const std::
   auto* const prompt = new QLabel(ToQtLines(question.Prompt));
   prompt->setTextFormat(Qt::PlainText);
   auto* const answer = new QLineEdit(ToQt(question.Default));
-  answer->selectAll();
+  // What stands at its start is seen first, however long it is.
+  answer->setSelection(static_cast<int>(answer->text().size()),
+                       -static_cast<int>(answer->text().size()));
   prompt->setBuddy(answer);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
@@ -109,7 +112,10 @@ std::optional<std::string> AskQuestion(const ui::Question& question, const std::
   rows->addStretch();
   rows->addWidget(buttons);
   rows->setSpacing(rows->spacing() * 2);
-  dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 50);
+  const QFontMetrics& metrics = dialog.fontMetrics();
+  const int wanted = metrics.horizontalAdvance(answer->text() + "WWWW");
+  dialog.setMinimumWidth(std::clamp(wanted, metrics.averageCharWidth() * 50,
+                                    dialog.screen()->availableSize().width() * 9 / 10));
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return FromQt(answer->text(), question.Default);
 }

@@ -22,6 +22,25 @@ namespace {
 
 // How long a new window may take until it is seen.
 constexpr double kLongestWayToTheGlass = 1.0;
+// How long the window system may take to say that a window is uncovered. One that keeps what was
+// covered never says so.
+constexpr double kLongestUncovering = 0.2;
+constexpr const char* kUncoveringPlatform = "xcb";
+
+// Notes that the window system has asked for a window to be drawn.
+class DrawWatch final : public QObject {
+ public:
+  explicit DrawWatch(QWindow& window) : window_(window) { window_.installEventFilter(this); }
+  ~DrawWatch() override { window_.removeEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    Drawn = Drawn || event->type() == QEvent::Expose || event->type() == QEvent::Paint;
+    return false;
+  }
+  bool Drawn = false;
+
+ private:
+  QWindow& window_;
+};
 
 int Milliseconds(double seconds) {
   constexpr double kMost = std::numeric_limits<int>::max();
@@ -56,18 +75,37 @@ FormWindow* DesktopScreen::FrontWindow() const {
 }
 
 ui::Answer DesktopScreen::Ask(const ui::Box& box) {
+  if (IsClosingAll()) return ui::WayOut(box.Buttons);
   const QScopedValueRollback<int> nested(depth_, depth_ + 1);
-  return AskBox(box, Title, FrontWindow());
+  const ui::Answer answer = AskBox(box, Title, FrontWindow());
+  DrawWhatWasCovered();
+  return answer;
 }
 
 std::optional<std::string> DesktopScreen::Ask(const ui::Question& question) {
+  if (IsClosingAll()) return std::nullopt;
   const QScopedValueRollback<int> nested(depth_, depth_ + 1);
-  return AskQuestion(question, Title, FrontWindow());
+  std::optional<std::string> answer = AskQuestion(question, Title, FrontWindow());
+  DrawWhatWasCovered();
+  return answer;
 }
 
 std::optional<std::string> DesktopScreen::Ask(const ui::FileRequest& request) {
+  if (IsClosingAll()) return std::nullopt;
   const QScopedValueRollback<int> nested(depth_, depth_ + 1);
-  return AskFile(request, Title, FrontWindow());
+  std::optional<std::string> answer = AskFile(request, Title, FrontWindow());
+  DrawWhatWasCovered();
+  return answer;
+}
+
+void DesktopScreen::GiveUpBox() {
+  while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  const auto box = [] {
+    QWidget* const front = QApplication::activeModalWidget();
+    return dynamic_cast<FormWindow*>(front) == nullptr ? front : nullptr;
+  };
+  while (box() != nullptr && box()->close()) {
+  }
 }
 
 double DesktopScreen::TextWidth(const ui::Form&, std::string_view text) const {
@@ -125,10 +163,25 @@ void DesktopScreen::Appeared(ui::Form& form, bool modal) {
 void DesktopScreen::StandInFront(FormWindow& window) const {
   window.setWindowModality(Qt::ApplicationModal);
   const std::vector<ui::Form*>& open = OpenForms();
-  const FormWindow* below = open.size() < 2 ? nullptr : WindowFor(*open[open.size() - 2]);
-  if (below == nullptr) return;
-  window.winId();
-  window.windowHandle()->setTransientParent(below->windowHandle());
+  FormWindow* const below = open.size() < 2 ? nullptr : WindowFor(*open[open.size() - 2]);
+  if (below != nullptr) window.StandOver(*below);
+}
+
+// Without a compositor the picture of what is gone stays on the glass until what it covered is
+// drawn anew, and the program may block for seconds from here on.
+void DesktopScreen::DrawWhatWasCovered() {
+  const FormWindow* window = FrontWindow();
+  if (window == nullptr || !window->isVisible() || window->isMinimized()) return;
+  if (QGuiApplication::platformName() == kUncoveringPlatform) {
+    const DrawWatch watch(*window->windowHandle());
+    QTimer end;
+    end.setSingleShot(true);
+    end.start(Milliseconds(kLongestUncovering));
+    while (end.isActive() && !watch.Drawn) {
+      Process(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    }
+  }
+  Process(QEventLoop::ExcludeUserInputEvents);
 }
 
 // The program may block for seconds from here on, and the window must be on the glass by then.
@@ -150,6 +203,8 @@ void DesktopScreen::Vanished(ui::Form& form) {
   found->second->hide();
   closed_.push_back(std::move(found->second));
   windows_.erase(found);
+  const QScopedValueRollback<int> nested(depth_, depth_ + 1);
+  DrawWhatWasCovered();
 }
 
 }  // namespace tintbench::desktop

@@ -44,12 +44,14 @@ class DesktopScreen final : public ui::Screen {
   void AwaitOperator(double when) override;
   void Appeared(ui::Form& form, bool modal) override;
   void Vanished(ui::Form& form) override;
+  void GiveUpBox() override;
 
  private:
   bool Process(QEventLoop::ProcessEventsFlags flags);
   bool AwaitEvents(double seconds);
   void WaitUntilSeen(const FormWindow& window);
   void StandInFront(FormWindow& window) const;
+  void DrawWhatWasCovered();
   ViewFactory ViewFor(const ui::Form& form) const;
   FormWindow* FrontWindow() const;
 

@@ -61,6 +61,10 @@ QLayout* MakeLinkColumn(ui::Form& form, QWidget& view) {
     policy.setRetainSizeWhenHidden(true);
     hint->setSizePolicy(policy);
   }
+  auto* const step = new QHBoxLayout;
+  for (const char* name : {"LblLinkStep", "LblLinkWait"}) AddLabel(form, name, *step, view);
+  step->addStretch();
+  column->addLayout(step);
   return column;
 }
 

@@ -192,7 +192,7 @@ QLayout* MakeOptions(const ui::Form& form, QWidget& face) {
 }
 
 QWidget* MakeMaintenanceFace(ui::Form& form, QWidget& view) {
-  constexpr double kHaltScale = 2.2;
+  constexpr double kHaltScale = 2.4;
   QFrame* const face = MakeFace(form, "FrmMulti", 0.44, view);
   auto& grid = static_cast<QGridLayout&>(*face->layout());
   auto* const column = new QVBoxLayout;

@@ -6,15 +6,25 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QStatusBar>
+#include <QWindow>
 
 #include "qt/Binder.h"
 #include "qt/Binding.h"
 #include "qt/Colours.h"
+#include "qt/Look.h"
 #include "qt/MenuBinder.h"
 #include "qt/QtText.h"
 #include "ui/Controls.h"
 
 namespace tintbench::desktop {
+
+namespace {
+
+// A window that needs less room than this, in lines of text, is a small dialog.
+constexpr int kSmallWidth = 40;
+constexpr int kSmallHeight = 24;
+
+}  // namespace
 
 FormWindow::FormWindow(ui::Form& form, const ViewFactory& view, std::function<void()> close)
     : form_(&form), close_(std::move(close)) {
@@ -43,6 +53,22 @@ void FormWindow::AddBars() {
     auto* bar = dynamic_cast<ui::StatusBar*>(control);
     if (bar != nullptr) Bind(*bar, *statusBar());
   }
+}
+
+void FormWindow::StandOver(FormWindow& below) {
+  below_ = &below;
+  below.above_ = this;
+  setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+  const bool small = width() < Em(*this) * kSmallWidth && height() < Em(*this) * kSmallHeight;
+  if (small) {
+    move(below.geometry().center() - rect().center());
+  } else {
+    setGeometry(below.geometry());
+    form_->WindowState = below.isMaximized() ? ui::kMaximisedWindow : ui::kNormalWindow;
+  }
+  winId();
+  windowHandle()->setTransientParent(below.windowHandle());
 }
 
 void FormWindow::Open() {
@@ -106,6 +132,14 @@ void FormWindow::TellState() {
   if (isMaximized()) state = ui::kMaximisedWindow;
   if (isMinimized()) state = ui::kMinimisedWindow;
   form_->WindowState = state;
+  ShareState(below_);
+  ShareState(above_);
+}
+
+// A window without its dialog would be a blank one, and the dialog without it lost behind others.
+void FormWindow::ShareState(FormWindow* other) const {
+  if (other == nullptr || !other->isVisible() || other->isMinimized() == isMinimized()) return;
+  other->setWindowState(other->windowState() ^ Qt::WindowMinimized);
 }
 
 void FormWindow::mousePressEvent(QMouseEvent* event) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 
 #include "ui/Form.h"
@@ -23,6 +24,9 @@ class FormWindow final : public QMainWindow, public ui::Observer {
   // The form; nullptr once it has died.
   ui::Form* Shown() const { return form_; }
 
+  // Makes the window a dialog of `below`: over it, of its size unless little is to be shown, and
+  // minimised and brought back together with it. To be called before the window is opened.
+  void StandOver(FormWindow& below);
   // Shows the window in the form's state.
   void Open();
   // Closes what menu is open, as Esc does.
@@ -42,10 +46,13 @@ class FormWindow final : public QMainWindow, public ui::Observer {
   void ShowProperties();
   void ShowState();
   void TellState();
+  void ShareState(FormWindow* other) const;
   void AddBars();
 
   ui::Form* form_;
   std::function<void()> close_;
+  QPointer<FormWindow> below_;
+  QPointer<FormWindow> above_;
   bool pressed_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include "qt/KeyGate.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <utility>
@@ -16,6 +17,12 @@ namespace {
 bool HangsOnMenuBar(const QWidget& widget) {
   const auto* menu = qobject_cast<const QMenu*>(&widget);
   return menu != nullptr && qobject_cast<const QMenuBar*>(menu->parentWidget()) != nullptr;
+}
+
+// True for the keys that press a box's buttons.
+bool Answers(int key) {
+  return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space ||
+         key == Qt::Key_Escape;
 }
 
 }  // namespace
@@ -34,7 +41,11 @@ bool KeyGate::eventFilter(QObject* watched, QEvent* event) {
   if (HangsOnMenuBar(widget) || qobject_cast<QMenuBar*>(&widget) != nullptr) {
     return ServeMenuKey(widget, key);
   }
-  // Lists that drop down, boxes and dialogs have their keys for themselves.
+  // Lists that drop down, boxes and dialogs have their keys for themselves, but none is answered by
+  // a key that was held down since before it came.
+  if (key.isAutoRepeat() && Answers(key.key()) && qobject_cast<QDialog*>(widget.window())) {
+    return true;
+  }
   auto* const window = dynamic_cast<FormWindow*>(widget.window());
   const int code = ToCode(key.key());
   if (window == nullptr || window->Shown() == nullptr || code == 0) return false;

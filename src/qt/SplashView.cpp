@@ -1,10 +1,10 @@
 #include "qt/SplashView.h"
 
-#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QVBoxLayout>
 #include <array>
+#include <initializer_list>
 
 #include "qt/Binder.h"
 #include "qt/Look.h"
@@ -74,9 +74,10 @@ class Motif final : public QWidget {
   }
 };
 
-class SplashPanel final : public QWidget {
+// A framed surface under a stripe of the desktop's own colour.
+class StripedPanel : public QWidget {
  public:
-  SplashPanel(ui::Form& form, QWidget* parent);
+  using QWidget::QWidget;
 
  protected:
   void paintEvent(QPaintEvent*) override {
@@ -88,7 +89,23 @@ class SplashPanel final : public QWidget {
   }
 };
 
-SplashPanel::SplashPanel(ui::Form& form, QWidget* parent) : QWidget(parent) {
+class SplashPanel final : public StripedPanel {
+ public:
+  SplashPanel(ui::Form& form, QWidget* parent);
+};
+
+// How link-up does, in lines that are there even while they say nothing.
+void AddSteps(ui::Form& form, QWidget& panel, std::initializer_list<const char*> names,
+              QBoxLayout& column) {
+  for (const char* name : names) {
+    QWidget* const label = MakeWidget<ui::Label>(form, name, -1, &panel);
+    if (label == nullptr) continue;
+    label->setMinimumHeight(Em(panel));
+    column.addWidget(label);
+  }
+}
+
+SplashPanel::SplashPanel(ui::Form& form, QWidget* parent) : StripedPanel(parent) {
   auto* const words = new QVBoxLayout;
   words->addStretch(2);
   QWidget* const name = MakeWidget<ui::Label>(form, "lblProductName", -1, this);
@@ -102,9 +119,7 @@ SplashPanel::SplashPanel(ui::Form& form, QWidget* parent) : QWidget(parent) {
     words->addWidget(version);
   }
   words->addStretch(1);
-  auto* const hint = new QLabel("Linking to the machine \u2026", this);
-  hint->setForegroundRole(QPalette::PlaceholderText);
-  words->addWidget(hint);
+  AddSteps(form, *this, {"lblStep", "lblWait"}, *words);
   auto* const columns = new QHBoxLayout(this);
   const int margin = Em(*this) * 2;
   columns->setContentsMargins(margin, margin, margin, margin);
@@ -117,5 +132,15 @@ SplashPanel::SplashPanel(ui::Form& form, QWidget* parent) : QWidget(parent) {
 }  // namespace
 
 QWidget* MakeSplashView(ui::Form& form, QWidget* parent) { return new SplashPanel(form, parent); }
+
+QWidget* MakeStartPanelView(ui::Form& form, QWidget* parent) {
+  auto* const panel = new StripedPanel(parent);
+  auto* const words = new QVBoxLayout(panel);
+  const int margin = Em(*panel);
+  words->setContentsMargins(2 * margin, 2 * margin, 2 * margin, margin);
+  AddSteps(form, *panel, {"LblStep", "LblWait"}, *words);
+  panel->setMinimumWidth(Em(*panel) * 26);
+  return panel;
+}
 
 }  // namespace tintbench::desktop

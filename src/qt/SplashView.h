@@ -1,4 +1,4 @@
-// The panel that shows while the program starts and links to the machine.
+// The panels that show while the program starts and links to the machine.
 #pragma once
 
 #include "qt/FormWindow.h"
@@ -6,5 +6,7 @@
 namespace tintbench::desktop {
 
 QWidget* MakeSplashView(ui::Form& form, QWidget* parent);
+// The small one that is left once the operator has sent the splash away.
+QWidget* MakeStartPanelView(ui::Form& form, QWidget* parent);
 
 }  // namespace tintbench::desktop

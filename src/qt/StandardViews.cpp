@@ -12,6 +12,7 @@ void AddStandardViews(DesktopScreen& screen) {
   screen.AddView("FormComm", MakeFormCommView);
   screen.AddView("FormDbg", MakeFormDbgView);
   screen.AddView("frmSplsh", MakeSplashView);
+  screen.AddView("StartPanel", MakeStartPanelView);
 }
 
 }  // namespace tintbench::desktop

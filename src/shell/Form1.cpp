@@ -34,6 +34,7 @@ Form1::Form1(const Form1Parts& parts)
       parts.Identity.AppTitle + "  v. " + parts.Identity.AppMajor + "." + parts.Identity.AppMinor;
   WindowState = ui::kMaximisedWindow;
   LblHint.Visible = false;
+  LblLinkStep.Visible = LblLinkWait.Visible = false;
   CmdReconnect.Caption = "&Connect again";
   CmdReconnect.Visible = false;
   LblProblem.Visible = false;

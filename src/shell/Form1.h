@@ -92,6 +92,9 @@ struct Form1 : ui::Form, link::LinkView {
   ui::Label LblLink{*this, "LblLink"};
   ui::Label LblProblem{*this, "LblProblem"};
   ui::Label LblHint{*this, "LblHint"};
+  // What link-up does at the moment, and how long it still waits for the machine.
+  ui::Label LblLinkStep{*this, "LblLinkStep"};
+  ui::Label LblLinkWait{*this, "LblLinkWait"};
   ui::Button CmdReconnect{*this, "CmdReconnect"};
   ui::Label LblQuality{*this, "LblQuality"};
   ui::Label LblLinkPort{*this, "LblLinkPort"};
@@ -125,6 +128,7 @@ struct Form1 : ui::Form, link::LinkView {
   Polling& Poll() { return poll_; }
 
   ui::Form& LinkForm() override { return *this; }
+  void ShowStep(const std::string& step) override;
   void ShowPort(const std::string& caption) override;
   void LockPort() override { MMnuSerPort.Enabled = false; }
   void ShowVersions(const std::string& configuration, const std::string& firmware) override;

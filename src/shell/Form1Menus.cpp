@@ -151,6 +151,13 @@ void Form1::ShowDebugLevel(int level) {
   FrmDbg.Visible = level == link::kDebugCommands;
 }
 
+void Form1::ShowStep(const std::string& step) {
+  LblLinkWait.Caption = "";
+  LblLinkStep.Caption = step;
+  LblLinkStep.Visible = LblLinkWait.Visible = !step.empty();
+  Refresh();
+}
+
 void Form1::ShowPort(const std::string& caption) {
   care_.Forget();
   poll_.ForgetLine();

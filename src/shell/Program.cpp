@@ -31,6 +31,7 @@ Program::Program(const ProgramSetup& setup)
                .DebugLevel = [this] { return log_.DebugLevel(); }}),
       decoder_(names_, errors_, [this] { return base::LeadingNumber(status_.FirmwareVersion); }),
       splash_(setup.Screen, setup.Identity),
+      startPanel_(setup.Screen),
       formDbg_(setup.Screen),
       windows_(setup.Screen, formComm_, formStat_, formAuto_),
       form1_({.Screen = setup.Screen,
@@ -68,6 +69,8 @@ Program::Program(const ProgramSetup& setup)
                  .Status = status_},
                 statCatalogue_),
       formAuto_({.Screen = setup.Screen, .Commands = transaction_, .Log = log_, .Errors = errors_}),
+      steps_(form1_.LblLinkStep, {&splash_.lblStep, &startPanel_.LblStep}),
+      waits_(form1_.LblLinkWait, {&splash_.lblWait, &startPanel_.LblWait}),
       linkUp_({.Port = setup.Port,
                .Clock = setup.Clock,
                .Files = setup.Files,
@@ -80,7 +83,11 @@ Program::Program(const ProgramSetup& setup)
                .View = form1_},
               paths_, serialMode_, startupKeys_.Port) {
   setup_.Screen.Title = setup_.Identity.AppTitle;
+  splash_.Closed = [this] {
+    if (linking_ && !setup_.Screen.IsClosingAll()) setup_.Screen.Show(startPanel_);
+  };
   setup_.Screen.Register(splash_);
+  setup_.Screen.Register(startPanel_);
   setup_.Screen.Register(form1_);
   setup_.Screen.Register(formDbg_);
   setup_.Screen.Register(formComm_);
@@ -99,9 +106,19 @@ Program::Result Program::Main() {
   }
   AwaitSplash();
   setup_.Screen.DoEvents();
-  setup_.Screen.Show(form1_);
+  ShowMainWindow();
   setup_.Screen.Run();
   return Result::Good;
+}
+
+// A program that was told to end meanwhile does behind link-up what the window's close button does.
+void Program::ShowMainWindow() {
+  if (setup_.Screen.IsClosingAll()) {
+    setup_.Screen.Unload(form1_);
+  } else {
+    setup_.Screen.Show(form1_);
+  }
+  setup_.Screen.Hide(startPanel_);
 }
 
 // What belongs to an earlier run, and what one that was cut off left. A received file that can't be
@@ -167,7 +184,9 @@ void Program::LoadMainWindow() {
   }
   std::string port;
   std::string settings;
+  linking_ = true;
   linkUp_.LinkMachine(port, settings);
+  linking_ = false;
 }
 
 void Program::EndMainWindow() {

@@ -22,6 +22,7 @@
 #include "shell/FormDbg.h"
 #include "shell/PlainWindows.h"
 #include "shell/Splash.h"
+#include "shell/StartPanel.h"
 #include "state/ErrorCatalogue.h"
 #include "state/SensorNames.h"
 #include "state/SensorPanels.h"
@@ -74,6 +75,7 @@ class Program final : private MainWindowOwner {
   void SweepUp();
   void ShowSplash();
   void AwaitSplash();
+  void ShowMainWindow();
   void ReturnService();
   void StartDebugLevel();
 
@@ -95,6 +97,7 @@ class Program final : private MainWindowOwner {
   state::StateDecoder decoder_;
   state::PanelStyles styles_;
   frmSplsh splash_;
+  StartPanel startPanel_;
   FormDbg formDbg_;
   PlainWindows windows_;
   Form1 form1_;
@@ -102,9 +105,12 @@ class Program final : private MainWindowOwner {
   stats::StatCatalogue statCatalogue_;
   stats::FormStat formStat_;
   autotest::FormAuto formAuto_;
+  LabelMirror steps_;
+  LabelMirror waits_;
   link::LinkUp linkUp_;
   double splashSince_ = 0;
   bool hasPort_ = false;
+  bool linking_ = false;  // for the first time, with no other window
 };
 
 }  // namespace tintbench::shell

@@ -7,6 +7,7 @@ frmSplsh::frmSplsh(ui::Screen& screen, const base::AppIdentity& identity)
   Caption = identity.AppTitle;
   lblProductName.Caption = identity.AppTitle;
   lblVersion.Caption = "Ver. " + identity.AppMajor + "." + identity.AppMinor;
+  lblStep.Caption = "Linking to the machine ...";
   for (ui::Control* control : Controls()) control->Click = [this] { Close(); };
 }
 
@@ -15,6 +16,9 @@ void frmSplsh::Form_KeyDown(ui::KeyEvent& event) {
   Close();
 }
 
-void frmSplsh::Form_Unload(bool&) { SplashClosed = true; }
+void frmSplsh::Form_Unload(bool&) {
+  SplashClosed = true;
+  if (Closed) Closed();
+}
 
 }  // namespace tintbench::shell

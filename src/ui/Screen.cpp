@@ -142,7 +142,7 @@ bool Screen::CloseFront() {
 
 double Screen::NextWake() const {
   const double due = NextTimerDue();
-  return closingAll_ ? std::min(due, nextClose_) : due;
+  return closingAll_ && Front() != nullptr ? std::min(due, nextClose_) : due;
 }
 
 bool Screen::FireTimers() {

@@ -21,8 +21,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "qt/Boxes.h"
+#include "qt/EndWatch.h"
 #include "qt/EveryKind.h"
 
 namespace tintbench::desktop {
@@ -84,6 +86,8 @@ TEST_F(Desktop, CloseButtonIsARequest) {
 TEST_F(Desktop, ModalWindowWaitsUntilItIsClosed) {
   ui::Form main("Main");
   screen.Show(main);
+  FormWindow& below = *screen.WindowFor(main);
+  below.resize(900, 700);
   form.Push.Click = [this] {
     screen.Unload(form);
     screen.DoEvents();
@@ -91,6 +95,14 @@ TEST_F(Desktop, ModalWindowWaitsUntilItIsClosed) {
   bool modal = false;
   Later([&] {
     modal = Window().windowModality() == Qt::ApplicationModal;
+    EXPECT_EQ(Window().windowHandle()->transientParent(), below.windowHandle());
+    EXPECT_EQ(Window().geometry(), below.geometry());
+    EXPECT_TRUE(Window().windowFlags() & Qt::WindowMinMaxButtonsHint);
+    // Minimised together, and back together, whichever of the two it is done to.
+    Window().showMinimized();
+    while (!below.isMinimized()) screen.Idle(1);
+    below.showNormal();
+    while (Window().isMinimized()) screen.Idle(1);
     QTest::mouseClick(WidgetOf<QPushButton>(Window(), form.Push), Qt::LeftButton);
   });
   screen.ShowModal(form);
@@ -105,7 +117,7 @@ struct BoxCase {
   ui::BoxIcon Icon;
   QMessageBox::Icon Shown;
   const char* Captions;  // in their order from the left
-  const char* Press;     // "" is Esc, "x" the close button
+  const char* Press;     // "" is Esc, "x" the close button, "end" that the program is told to end
   ui::Answer Answer;
 };
 
@@ -140,6 +152,7 @@ TEST_P(Boxes, AskAndAnswer) {
     const QString press = expected.Press;
     if (press.isEmpty()) QTest::keyClick(box, Qt::Key_Escape);
     if (press == "x") box->close();
+    if (press == "end") screen.CloseAll();
     for (QAbstractButton* button : box->buttons()) {
       if (button->text().remove('&') == press) QTest::mouseClick(button, Qt::LeftButton);
     }
@@ -169,19 +182,52 @@ INSTANTIATE_TEST_SUITE_P(
                     BoxCase{ui::BoxButtons::YesNo, ui::BoxIcon::Question, QMessageBox::Question,
                             "Yes No", "Yes", ui::Answer::Yes},
                     BoxCase{ui::BoxButtons::YesNo, ui::BoxIcon::Question, QMessageBox::Question,
-                            "Yes No", "", ui::Answer::No}));
+                            "Yes No", "", ui::Answer::No},
+                    BoxCase{ui::BoxButtons::YesNo, ui::BoxIcon::Question, QMessageBox::Question,
+                            "Yes No", "end", ui::Answer::No}));
+
+TEST_F(Desktop, AKeyHeldDownSinceBeforeABoxDoesNotAnswerIt) {
+  Later([] {
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    QPushButton* const yes = qobject_cast<QPushButton*>(box->button(QMessageBox::Yes));
+    for (const auto key : {Qt::Key_Return, Qt::Key_Space}) {
+      for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent held(type, key, Qt::NoModifier, {}, true);
+        QApplication::sendEvent(yes, &held);
+      }
+    }
+    QTest::keyClick(box, Qt::Key_Escape);
+  });
+  EXPECT_EQ(screen.Ask({.Text = "?", .Buttons = ui::BoxButtons::YesNo}), ui::Answer::No);
+}
+
+TEST_F(Desktop, TheToolkitsQuitIsARequest) {
+  screen.Show(form);
+  const EndWatch watch(-1, [this] { screen.CloseAll(); });
+  QEvent quit(QEvent::Quit);
+  QApplication::sendEvent(qApp, &quit);
+  EXPECT_TRUE(form.Visible);
+  screen.Run();
+  EXPECT_FALSE(form.Visible);
+}
 
 TEST_F(Desktop, QuestionTakesATextOrIsGivenUp) {
   const auto answer = [this](Qt::Key key) {
     Later([key] {
       QWidget* const box = QApplication::activeModalWidget();
-      QTest::keyClicks(box->findChild<QLineEdit*>(), "12");
+      auto* const edit = box->findChild<QLineEdit*>();
+      // All of it is seen, or at least its start.
+      EXPECT_EQ(edit->cursorPosition(), 0);
+      EXPECT_GT(edit->width(), edit->fontMetrics().horizontalAdvance(edit->text()));
+      QTest::keyClicks(edit, "12");
       QTest::keyClick(box->findChild<QLineEdit*>(), key);
     });
-    return screen.Ask({.Prompt = "first\r\nsecond", .Title = "t", .Default = "7"});
+    return screen.Ask(ui::Question{.Prompt = "a\r\nb", .Default = std::string(64, '0')});
   };
   EXPECT_EQ(answer(Qt::Key_Return), "12");
   EXPECT_EQ(answer(Qt::Key_Escape), std::nullopt);
+  Later([this] { screen.CloseAll(); });
+  EXPECT_EQ(screen.Ask(ui::Question{.Prompt = "?"}), std::nullopt);
 }
 
 TEST_F(Desktop, FilterTextsAndPatterns) {
