@@ -1,4 +1,4 @@
-// Three hundred purges on a machine and a line with random faults, before an operator who presses
+// A thousand purges on a machine and a line with random faults, before an operator who presses
 // whatever comes to hand: each ends in time, and switches off what it has switched on.
 #include <gtest/gtest.h>
 
@@ -164,7 +164,7 @@ class RandomPurge {
 };
 
 TEST(RandomPurges, EndAndSwitchOff) {
-  for (unsigned seed = 1; seed <= 300; ++seed) {
+  for (unsigned seed = 1; seed <= 1000; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     RandomPurge(seed).Play();
     if (::testing::Test::HasFailure()) break;
