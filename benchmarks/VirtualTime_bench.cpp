@@ -34,14 +34,14 @@ bool Measure() {
   ui::OperatorScreen screen(clock, {}, std::cout, std::cerr);
   link::DebugLog log(files, "");
   link::Transaction transaction(port, clock, commands, screen, log);
-  ui::Form form("Form1");
+  link::LineView view;
   const std::size_t whole = link::ExpectedAnswerLength(commands.Row(kStatusRow));
   double transactions = 0;
   const double start = clock.Now();
   const double before = ProcessorSeconds();
   while (ProcessorSeconds() - before < kProcessorSeconds) {
     for (int i = 0; i < kBatch; ++i) {
-      if (transaction.SendCommand(form, kStatusRow).size() != whole) return false;
+      if (transaction.SendCommand(view, kStatusRow).size() != whole) return false;
     }
     transactions += kBatch;
   }

@@ -46,10 +46,10 @@ int Measure() {
   ui::OperatorScreen screen(clock, {}, std::cout, std::cerr);
   link::DebugLog log(files, "");
   link::Transaction transaction(port, clock, commands, screen, log);
-  ui::Form form("Form1");
+  link::LineView view;
   const double start = clock.Now();
   const double before = ProcessorSeconds();
-  transaction.SendCommand(form, kResetRow);
+  transaction.SendCommand(view, kResetRow);
   PrintRatio("processor time of a wait / its length", ProcessorSeconds() - before,
              clock.Now() - start, "s", "aim: under 0.01");
   ::close(machine);

@@ -44,15 +44,13 @@ FormAuto::FormAuto(const AutoParts& parts) : ui::Form("FormAuto"), parts_(parts)
   CmdAutotest.Caption = "REQUEST  AUTOTEST  INFORMATIONS";
   ErText1.Locked = true;
   ErText1.MultiLine = true;
-  FrmDbg.Caption = "I/O Debug ";
-  TxtDbgIO.Prepare([](ui::TextBox& box, int) { box.Locked = true; });
   CmdAutotest.Click = [this] { CmdAutotest_Click(); };
   LstCycles.Click = [this] { LstCycles_Click(); };
 }
 
 void FormAuto::Form_Load() {
   Clear();
-  FrmDbg.Visible = parts_.Log.DebugLevel() == link::kDebugCommands;
+  Debug.FrmDbg.Visible = parts_.Log.DebugLevel() == link::kDebugCommands;
 }
 
 void FormAuto::Form_KeyDown(ui::KeyEvent& key) {

@@ -6,7 +6,9 @@
 
 #include "autotest/AutotestRecord.h"
 #include "link/DebugLog.h"
+#include "link/LineView.h"
 #include "link/Transaction.h"
+#include "state/DebugFrame.h"
 #include "state/ErrorCatalogue.h"
 #include "ui/Controls.h"
 #include "ui/Screen.h"
@@ -24,7 +26,7 @@ struct AutoParts {
 // What an item of the list says about its cycle, so that a view can give it a sign.
 enum CycleKind : int { kGoodCycle = 0, kCycleWithErrors = 1, kBrokenCycle = 2 };
 
-struct FormAuto final : ui::Form {
+struct FormAuto final : ui::Form, private link::LineView {
   explicit FormAuto(const AutoParts& parts);
 
   ui::Button CmdAutotest{*this, "CmdAutotest"};
@@ -41,13 +43,14 @@ struct FormAuto final : ui::Form {
   ui::Label LblErrors{*this, "LblErrors"};
   ui::Label LblTextTitle{*this, "LblTextTitle"};
   ui::TextBox ErText1{*this, "ErText1"};
-  ui::Frame FrmDbg{*this, "FrmDbg"};
-  ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
+  state::DebugFrame Debug{*this};
 
   void Form_Load() override;
   void Form_KeyDown(ui::KeyEvent& key) override;
 
  private:
+  void ShowSent(const std::string& text) override { Debug.ShowSent(text); }
+  void ShowReceived(const std::string& text) override { Debug.ShowReceived(text); }
   void CmdAutotest_Click();
   void LstCycles_Click();
   void Clear();

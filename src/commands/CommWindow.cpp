@@ -22,19 +22,15 @@ CommWindow::CommWindow(const CommParts& parts) : ui::Form("FormComm"), Work(part
   CmdStop.Caption = "&STOP";
   CmdMultStop.Caption = "&HALT process";
   FrameOutput.Caption = "Command report";
-  FrmDbg.Caption = "I/O Debug ";
   TxtIO(0).ToolTipText = "transmitted string";
   TxtIO(1).ToolTipText = "received string";
   TxtIO(2).ToolTipText = "status messages";
-  TxtDbgIO(0).ToolTipText = "transmitted string";
-  TxtDbgIO(1).ToolTipText = "Received string";
-  for (ui::ControlArray<ui::TextBox>* boxes : {&TxtIO, &TxtDbgIO}) {
-    boxes->Prepare([](ui::TextBox& box, int) { MakeReadOnly(box); });
-  }
+  TxtIO.Prepare([](ui::TextBox& box, int) { MakeReadOnly(box); });
   for (ui::TextBox* box : {&TxtIO(2), &TxtIOm, &TextOutput}) {
     MakeReadOnly(*box);
     box->MultiLine = true;
   }
+  Panels.TopShift = state::kTitleShift;
   for (int panel = 0; panel < state::kPanels; ++panel) {
     LblTitle(panel).Caption = kTitles.at(static_cast<std::size_t>(panel));
   }
@@ -76,6 +72,13 @@ void CommWindow::HidePanels() {
     Panels.Frame(panel).Visible = false;
     LblTitle(panel).Visible = false;
   }
+}
+
+void CommWindow::ShowCountdown(std::span<const state::Panel> panels, const std::string& text) {
+  state::TellInPanels(Panels, panels, text);
+  ui::TextBox& report = TxtIO(2).IsShown() ? TxtIO(2) : TxtIOm;
+  report.Text = text;
+  report.Refresh();
 }
 
 void CommWindow::BlankPanels() {

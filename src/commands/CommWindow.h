@@ -14,9 +14,11 @@
 #include "config/MachineFacts.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
+#include "link/LineView.h"
 #include "link/LinkStatus.h"
 #include "link/SerialPort.h"
 #include "link/Transaction.h"
+#include "state/DebugFrame.h"
 #include "state/SensorPanels.h"
 #include "state/StateDecoder.h"
 #include "ui/Controls.h"
@@ -54,7 +56,7 @@ struct CommFlags {
   bool Closing = false;
 };
 
-struct CommWindow : ui::Form {
+struct CommWindow : ui::Form, link::LineView {
   explicit CommWindow(const CommParts& parts);
 
   // The Command Menu.
@@ -83,8 +85,7 @@ struct CommWindow : ui::Form {
   state::SensorPanels Panels{*this};
   ui::Frame FrameOutput{*this, "FrameOutput"};
   ui::TextBox TextOutput{FrameOutput, "TextOutput"};
-  ui::Frame FrmDbg{*this, "FrmDbg"};
-  ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
+  state::DebugFrame Debug{*this};
 
   ui::Label LblOn{*this, "LblOn"};  // what is switched on from here
 
@@ -108,6 +109,10 @@ struct CommWindow : ui::Form {
   void HidePanels();
   void ShowReportFrame();
   void HideReportFrame();
+  // A running transaction is shown in the report box of the menu on show, too.
+  void ShowCountdown(std::span<const state::Panel> panels, const std::string& text) override;
+  void ShowSent(const std::string& text) override { Debug.ShowSent(text); }
+  void ShowReceived(const std::string& text) override { Debug.ShowReceived(text); }
   // Greys a panel out.
   void ClearInputs() { Work.Decoder.DecodeInputs(Panels, kClearAnswer); }
   void ClearOutputs() { Work.Decoder.DecodeOutputs(Panels, kClearAnswer); }

@@ -141,8 +141,7 @@ int ElementSender::GetDoubleAnswer(const std::string& expected) {
   answer_ = window_.Work.Port.Input();
   if (!whole) return kNoAnswer;
   if (window_.Work.Log.DebugLevel() == link::kDebugCommands && !window_.Flags.Closing) {
-    window_.TxtDbgIO(1).Text = answer_;
-    window_.TxtDbgIO(1).Refresh();
+    window_.ShowReceived(answer_);
   }
   return Matches(answer_, wanted) ? kAsExpected : kOtherAnswer;
 }

@@ -48,7 +48,7 @@ void FormComm::Form_Load() {
   BlankPanels();
   Panels.GRPicIOcard.Picture = state::kCardPicture;
   state::ShowSensorUnderPointer(Panels, -1, -1, Work.Status.FirmwareVersion);
-  FrmDbg.Visible = Work.Log.DebugLevel() == link::kDebugCommands;
+  Debug.FrmDbg.Visible = Work.Log.DebugLevel() == link::kDebugCommands;
   FrmSingle.Visible = function_ == kCommandMenu;
   FrmMulti.Visible = function_ == kMaintenanceMenu;
   if (function_ == kCommandMenu) {

@@ -5,7 +5,6 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "config/MachineFacts.h"
-#include "link/Countdown.h"
 #include "link/LinkTexts.h"
 #include "link/MasterFrame.h"
 
@@ -158,14 +157,13 @@ bool LinkUp::StartMasterService(const std::string& port) {
   TellStep(port, "starting the service");
   parts_.Port.Output(MasterWireFrame(kStartOfService));
   CollectUntilFrameEnd(parts_.Port, parts_.Screen, [this](int seconds) {
-    ShowCountdown(parts_.View.LinkForm(), kFirmwareVersionRow, seconds);
+    parts_.View.Line().ShowCountdown({}, CountdownText(seconds));
   });
   return true;
 }
 
 bool LinkUp::ReadMachineVersion() {
-  const std::string answer =
-      parts_.Commands.SendCommand(parts_.View.LinkForm(), kFirmwareVersionRow);
+  const std::string answer = parts_.Commands.SendCommand(parts_.View.Line(), kFirmwareVersionRow);
   if (base::ToUpper(base::Left(answer, 1)) != "A") return false;
   parts_.Status.FirmwareVersion = base::Mid(answer, kVersionPosition);
   return true;

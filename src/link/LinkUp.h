@@ -19,8 +19,8 @@ namespace tintbench::link {
 class LinkView {
  public:
   virtual ~LinkView() = default;
-  // The window that the commands of link-up are sent for.
-  virtual ui::Form& LinkForm() = 0;
+  // Shows the commands of link-up.
+  virtual LineView& Line() = 0;
   // What link-up does from now on, in words. Empty once it is over.
   virtual void ShowStep(const std::string& step) = 0;
   // `caption` names the port and its settings.

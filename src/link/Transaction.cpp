@@ -1,10 +1,10 @@
 #include "link/Transaction.h"
 
+#include <array>
 #include <cmath>
+#include <span>
 
 #include "base/Text.h"
-#include "link/Countdown.h"
-#include "ui/Controls.h"
 
 namespace tintbench::link {
 
@@ -17,19 +17,28 @@ constexpr double kQuietWait = 0.05;
 // Above every time-out, so that the first round shows its seconds.
 constexpr int kNothingShown = 30000;
 
-constexpr int kOutgoing = 0;
-constexpr int kIncoming = 1;
-
-void ShowEcho(ui::Form& form, int index, const std::string& text) {
-  auto* box = form.Find<ui::TextBox>("TxtDbgIO", index);
-  if (box == nullptr) return;
-  box->Text = base::ToUpper(text);
-  box->Refresh();
+// The panels that the answer to a row is for.
+std::span<const state::Panel> PanelsOf(int row) {
+  static constexpr std::array kBoth{state::kInputPanel, state::kOutputPanel};
+  static constexpr std::array kStatus{state::kStatusPanel};
+  const std::span<const state::Panel> both(kBoth);
+  switch (row) {
+    case 0:
+      return both.first(1);
+    case 1:
+      return both.last(1);
+    case 2:
+      return both;
+    case 3:
+      return kStatus;
+    default:
+      return {};
+  }
 }
 
 }  // namespace
 
-std::string Transaction::SendCommand(ui::Form& form, int row) {
+std::string Transaction::SendCommand(LineView& view, int row) {
   if (busy_) return {};
   busy_ = true;
   if (!port_.PortOpen()) {
@@ -39,15 +48,15 @@ std::string Transaction::SendCommand(ui::Form& form, int row) {
   }
   const std::string command = commands_.Row(row).Command;
   port_.Output(command);
-  EchoCommand(form, command);
-  AwaitAnswer(form, row);
+  EchoCommand(view, command);
+  AwaitAnswer(view, row);
   std::string answer = port_.Input();
-  EchoAnswer(form, command, answer);
+  EchoAnswer(view, command, answer);
   busy_ = false;
   return answer;
 }
 
-void Transaction::AwaitAnswer(ui::Form& form, int row) {
+void Transaction::AwaitAnswer(LineView& view, int row) {
   std::size_t expected = ExpectedAnswerLength(commands_.Row(row));
   const bool untilQuiet = expected == 0;
   const double timeout = static_cast<double>(commands_.Row(row).TimeoutSeconds);
@@ -65,21 +74,21 @@ void Transaction::AwaitAnswer(ui::Form& form, int row) {
     const int whole = static_cast<int>(std::floor(remaining));
     if (whole < shown) {
       shown = whole;
-      ShowCountdown(form, row, whole + 1);
+      view.ShowCountdown(PanelsOf(row), CountdownText(whole + 1));
     }
   }
 }
 
-void Transaction::EchoCommand(ui::Form& form, const std::string& command) {
+void Transaction::EchoCommand(LineView& view, const std::string& command) {
   if (log_.DebugLevel() != kDebugCommands) return;
-  ShowEcho(form, kOutgoing, command);
-  ShowEcho(form, kIncoming, {});
+  view.ShowSent(base::ToUpper(command));
+  view.ShowReceived({});
 }
 
-void Transaction::EchoAnswer(ui::Form& form, const std::string& command,
+void Transaction::EchoAnswer(LineView& view, const std::string& command,
                              const std::string& answer) {
   if (log_.DebugLevel() != kDebugCommands) return;
-  ShowEcho(form, kIncoming, answer);
+  view.ShowReceived(base::ToUpper(answer));
   log_.WriteTransaction(command, answer);
 }
 

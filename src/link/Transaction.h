@@ -7,6 +7,7 @@
 #include "base/Clock.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
+#include "link/LineView.h"
 #include "link/SerialPort.h"
 #include "ui/Screen.h"
 
@@ -20,17 +21,17 @@ class Transaction {
 
   // Sends the command of a row (0 to 49) as it stands in the table and gives back what the
   // machine answered until the answer was whole or the row's time was over: perhaps a part, or
-  // nothing. Serves no window event; the countdown is shown on `form`. Gives nothing, and sends
+  // nothing. Serves no window event; `view` shows it. Gives nothing, and sends
   // nothing, while another transaction runs or when the port is closed, which a box then says.
-  std::string SendCommand(ui::Form& form, int row);
+  std::string SendCommand(LineView& view, int row);
 
   bool IsSerialBusy() const { return busy_; }
   void ClearSerialBusy() { busy_ = false; }
 
  private:
-  void AwaitAnswer(ui::Form& form, int row);
-  void EchoCommand(ui::Form& form, const std::string& command);
-  void EchoAnswer(ui::Form& form, const std::string& command, const std::string& answer);
+  void AwaitAnswer(LineView& view, int row);
+  void EchoCommand(LineView& view, const std::string& command);
+  void EchoAnswer(LineView& view, const std::string& command, const std::string& answer);
 
   SerialPort& port_;
   base::Clock& clock_;

@@ -25,7 +25,7 @@ constexpr std::array<const char*, state::kPanels> kPanelTitles{"Input sensors", 
 Form1::Form1(const Form1Parts& parts)
     : ui::Form("Form1"),
       parts_(parts),
-      poll_({Timer1, CmdResize, Panels, LblHint, LblQuality}, parts.Screen, parts.Port,
+      poll_({*this, Timer1, CmdResize, Panels, LblHint, LblQuality}, parts.Screen, parts.Port,
             parts.Commands, parts.Decoder, parts.Status),
       processes_(parts.Commands, parts.Status),
       care_({LblLink, LblProblem, CmdReconnect}, parts.Port, parts.Ports, parts.Status,
@@ -40,11 +40,7 @@ Form1::Form1(const Form1Parts& parts)
   LblProblem.Visible = false;
   Picture1.Picture = state::kCardPicture;
   Picture1.Visible = false;
-  FrmDbg.Caption = "I/O Debug ";
-  FrmDbg.Visible = false;
-  TxtDbgIO(0).ToolTipText = "transmitted string";
-  TxtDbgIO(1).ToolTipText = "Received string";
-  TxtDbgIO.Prepare([](ui::TextBox& box, int) { box.Locked = true; });
+  Debug.FrmDbg.Visible = false;
   ConnectMenus();
   ConnectPanels();
   ConnectSensorMenu();
@@ -162,7 +158,7 @@ void Form1::ViewAsBefore() {
 
 void Form1::PlacePanel(int panel, bool small) {
   state::ApplyFrameSize(Panels, panel, small);
-  state::PlaceCmdResize(Panels, panel);
+  state::PlaceCmdResize(CmdResize(panel), Panels.Frame(panel));
 }
 
 void Form1::CmdResize_Click(int panel) {

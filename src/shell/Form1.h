@@ -9,12 +9,14 @@
 #include "base/AppIdentity.h"
 #include "config/MachineFacts.h"
 #include "link/ComPort.h"
+#include "link/LineView.h"
 #include "link/LinkTexts.h"
 #include "link/LinkUp.h"
 #include "shell/LinkCare.h"
 #include "shell/MachineProcesses.h"
 #include "shell/Polling.h"
 #include "shell/SubWindows.h"
+#include "state/DebugFrame.h"
 #include "state/SensorPanels.h"
 #include "state/StateDecoder.h"
 #include "ui/Controls.h"
@@ -53,7 +55,7 @@ struct Form1Parts {
   state::PanelStyles& Styles;
 };
 
-struct Form1 : ui::Form, link::LinkView {
+struct Form1 : ui::Form, link::LinkView, link::LineView {
   explicit Form1(const Form1Parts& parts);
 
   ui::Menu MnuMachConf{*this, "MnuMachConf", "&Machine Setting"};
@@ -103,8 +105,7 @@ struct Form1 : ui::Form, link::LinkView {
   state::SensorPanels Panels{*this};
   ui::Image Picture1{*this, "Picture1"};
 
-  ui::Frame FrmDbg{*this, "FrmDbg"};
-  ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
+  state::DebugFrame Debug{*this};
 
   ui::Timer Timer1{*this, "Timer1"};
   ui::Timer TimerLink{*this, "TimerLink"};
@@ -127,7 +128,7 @@ struct Form1 : ui::Form, link::LinkView {
 
   Polling& Poll() { return poll_; }
 
-  ui::Form& LinkForm() override { return *this; }
+  link::LineView& Line() override { return *this; }
   void ShowStep(const std::string& step) override;
   void ShowPort(const std::string& caption) override;
   void LockPort() override { MMnuSerPort.Enabled = false; }
@@ -135,6 +136,10 @@ struct Form1 : ui::Form, link::LinkView {
   double TextWidth(const std::string& text) const override;
   void BuildSensorNames(bool configured) override;
   void RebuildGroupsMenu() override;
+
+  void ShowCountdown(std::span<const state::Panel> panels, const std::string& text) override;
+  void ShowSent(const std::string& text) override { Debug.ShowSent(text); }
+  void ShowReceived(const std::string& text) override { Debug.ShowReceived(text); }
 
  private:
   void ConnectMenus();

@@ -148,7 +148,15 @@ void Form1::ShowDebugLevel(int level) {
   MMnuksvdbgEdit.Caption =
       marked ? kEditLevelCaption : BeforeBracket(MMnuksvdbgEdit.Caption) + shown;
   MnuKsvdbg.Caption = BeforeBracket(MnuKsvdbg.Caption) + shown;
-  FrmDbg.Visible = level == link::kDebugCommands;
+  Debug.FrmDbg.Visible = level == link::kDebugCommands;
+}
+
+// While link-up has a step on show, it is that which waits.
+void Form1::ShowCountdown(std::span<const state::Panel> panels, const std::string& text) {
+  state::TellInPanels(Panels, panels, text);
+  if (!LblLinkWait.Visible) return;
+  LblLinkWait.Caption = text;
+  LblLinkWait.Refresh();
 }
 
 void Form1::ShowStep(const std::string& step) {

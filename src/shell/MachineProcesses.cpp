@@ -13,19 +13,19 @@ constexpr int kReleaseMaster = 15;
 
 }  // namespace
 
-bool MachineProcesses::SendBoth(ui::Form& form, int first, int second) {
+bool MachineProcesses::SendBoth(link::LineView& view, int first, int second) {
   const auto accepted = [&](int row) {
-    return base::ToUpper(base::Left(commands_.SendCommand(form, row), 1)) == "A";
+    return base::ToUpper(base::Left(commands_.SendCommand(view, row), 1)) == "A";
   };
   return status_.LinkState > link::kPortOpen && accepted(first) && accepted(second);
 }
 
-bool MachineProcesses::StopMachineProcesses(ui::Form& form) {
-  return SendBoth(form, kHoldTimed, kHoldMaster);
+bool MachineProcesses::StopMachineProcesses(link::LineView& view) {
+  return SendBoth(view, kHoldTimed, kHoldMaster);
 }
 
-bool MachineProcesses::RestartMachineProcesses(ui::Form& form) {
-  return SendBoth(form, kReleaseTimed, kReleaseMaster);
+bool MachineProcesses::RestartMachineProcesses(link::LineView& view) {
+  return SendBoth(view, kReleaseTimed, kReleaseMaster);
 }
 
 }  // namespace tintbench::shell

@@ -13,11 +13,11 @@ class MachineProcesses {
 
   // Timed processes first, the orders of the master behind them, and only if the machine has
   // accepted the first. True if it accepted both; without a machine nothing is sent.
-  bool StopMachineProcesses(ui::Form& form);
-  bool RestartMachineProcesses(ui::Form& form);
+  bool StopMachineProcesses(link::LineView& view);
+  bool RestartMachineProcesses(link::LineView& view);
 
  private:
-  bool SendBoth(ui::Form& form, int first, int second);
+  bool SendBoth(link::LineView& view, int first, int second);
 
   link::Transaction& commands_;
   const link::LinkStatus& status_;

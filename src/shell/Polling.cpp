@@ -30,11 +30,7 @@ const Polling::Question Polling::kQuestions[kQuestionCount] = {
 };
 
 void Polling::Announce(const std::string& text) {
-  state::SensorPanels& panels = view_.Panels;
-  for (ui::Label* label : {&panels.ILabel1, &panels.OLabel1, &panels.ErLabel1}) {
-    label->Caption = text;
-    label->Refresh();
-  }
+  state::TellInPanels(view_.Panels, state::kAnsweredPanels, text);
 }
 
 void Polling::SetCmdResize(bool enabled) {
@@ -135,7 +131,7 @@ bool Polling::Ask(const Question& question) {
   base::Clock& clock = screen_.Time();
   const base::LocalTime asked = clock.Local();
   const double start = clock.Now();
-  std::string answer = commands_.SendCommand(view_.Panels.Window, question.Row);
+  std::string answer = commands_.SendCommand(view_.Line, question.Row);
   const bool silent = answer.empty();
   if (question.Panel == state::kStatusPanel) answer = base::ToUpper(answer);
   const bool good = (decoder_.*question.Decode)(view_.Panels, answer);

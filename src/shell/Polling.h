@@ -23,6 +23,7 @@ inline constexpr const char* kFocusWanted = "1";
 
 // What polling shows itself in.
 struct PollingView {
+  link::LineView& Line;
   ui::Timer& Timer1;
   ui::ControlArray<ui::Button>& CmdResize;
   state::SensorPanels& Panels;

@@ -1,6 +1,5 @@
 #include "state/SensorPanels.h"
 
-#include "base/Text.h"
 #include "config/MachineFacts.h"
 #include "state/CardLayout.h"
 
@@ -8,12 +7,10 @@ namespace tintbench::state {
 
 namespace {
 
-constexpr const char* kCommandWindow = "FORMCOMM";
 constexpr const char* kInUse = "e";
 
 // In the units of the client area.
 constexpr double kLargeMargin = 300;
-constexpr double kTitleShift = 200;
 constexpr double kButtonHeight = 260;
 
 // Behind bit 23 the digit of the slave address is left out of the panel's bits; the outputs that
@@ -174,18 +171,25 @@ void ApplyFrameSize(SensorPanels& panels, int panel, bool small) {
     frame.Width = kClientWidth - 2 * kLargeMargin;
     frame.Height = kClientHeight - 2 * kLargeMargin;
   }
-  if (base::EqualFolded(panels.Window.Name(), kCommandWindow)) frame.Top = frame.Top + kTitleShift;
+  frame.Top = frame.Top + panels.TopShift;
   frame.Visible = true;
 }
 
-void PlaceCmdResize(SensorPanels& panels, int panel) {
-  auto* const button = panels.Window.Find<ui::Button>("CmdResize", panel);
-  if (button == nullptr || base::EqualFolded(panels.Window.Name(), kCommandWindow)) return;
-  const ui::Frame& frame = panels.Frame(panel);
-  button->Left = frame.Left;
-  button->Width = frame.Width;
-  button->Top = frame.Top - kButtonHeight;
-  button->Height = kButtonHeight;
+void PlaceCmdResize(ui::Button& button, const ui::Frame& frame) {
+  button.Left = frame.Left;
+  button.Width = frame.Width;
+  button.Top = frame.Top - kButtonHeight;
+  button.Height = kButtonHeight;
+}
+
+void TellInPanels(SensorPanels& panels, std::span<const Panel> which, const std::string& text) {
+  const std::array<ui::Label*, kAnsweredPanels.size()> lines{&panels.ILabel1, &panels.OLabel1,
+                                                             &panels.ErLabel1};
+  for (const Panel panel : which) {
+    ui::Label& line = *lines.at(panel);
+    line.Caption = text;
+    line.Refresh();
+  }
 }
 
 void ApplyPanelStyle(SensorPanels& panels, int panel, PanelStyles& styles,

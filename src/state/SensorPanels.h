@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ namespace tintbench::state {
 
 inline constexpr int kPanels = 4;
 enum Panel : int { kInputPanel = 0, kOutputPanel = 1, kStatusPanel = 2, kCardPanel = 3 };
+// Those that show an answer of their own, and tell in a line how they stand.
+inline constexpr std::array<Panel, 3> kAnsweredPanels{kInputPanel, kOutputPanel, kStatusPanel};
 
 // What the panels show: bits of the inputs' answer without its address digit, and outputs.
 inline constexpr int kInputBits = 28;
@@ -62,6 +65,9 @@ inline constexpr std::array<PanelPlace, kPanels> kPanelLayout{{
     {91.0F / 144, 25.0F / 48, 25.0F / 72, 11.0F / 24},
 }};
 
+// What a window with titles takes for them above the frames, in the units of the client area.
+inline constexpr double kTitleShift = 200;
+
 // The client area that the panels' places are given in. A view scales it to its own size.
 inline constexpr double kClientWidth = 14400;
 inline constexpr double kClientHeight = 9600;
@@ -71,6 +77,7 @@ struct SensorPanels {
 
   ui::Form& Window;
   ui::ControlArray<ui::Frame> Frame;
+  double TopShift = 0;  // by so much the frames stand lower, in a window with titles above them
 
   ui::Shape IpShape1{Frame(kInputPanel), "IpShape1"};
   ui::Shape IpShape2{Frame(kInputPanel), "IpShape2"};
@@ -114,12 +121,15 @@ void ShowLamp(ui::Shape& lamp, ui::Colour colour);
 // Places a frame: its row of kPanelLayout if `small`, otherwise over the whole window.
 void ApplyFrameSize(SensorPanels& panels, int panel, bool small);
 
-// Places the frame's button above it, in a window that has such buttons.
-void PlaceCmdResize(SensorPanels& panels, int panel);
+// Places the button of a window that has such buttons above its frame.
+void PlaceCmdResize(ui::Button& button, const ui::Frame& frame);
 
 // Shows the controls of the chosen style and writes names and tags. The status panel has none.
 void ApplyPanelStyle(SensorPanels& panels, int panel, PanelStyles& styles,
                      const SensorNames& names);
+
+// Writes the text into the lines in which these panels tell how they stand, each drawn at once.
+void TellInPanels(SensorPanels& panels, std::span<const Panel> which, const std::string& text);
 
 // Names and tags of the panels that have any, after a change of configuration.
 void RebuildAllPanels(SensorPanels& panels, PanelStyles& styles, const SensorNames& names);

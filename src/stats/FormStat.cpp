@@ -82,7 +82,7 @@ void FormStat::Form_Load() {
   FrmTabStripStat.Caption = kTypesCaption;
   FrmLastData.Caption = kLastName;
   FrmSavedData.Caption = "< no saved data selected >";
-  FrmDbg.Visible = work_.Log.DebugLevel() == link::kDebugCommands;
+  Debug.FrmDbg.Visible = work_.Log.DebugLevel() == link::kDebugCommands;
   savedFile_.clear();
   buffers_ = {};
   CmdDel(kSaved).Enabled = false;

@@ -9,6 +9,7 @@
 #include "base/AppPaths.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
+#include "link/LineView.h"
 #include "link/LinkStatus.h"
 #include "link/Transaction.h"
 #include "stats/BulkExchange.h"
@@ -32,7 +33,7 @@ struct FormStatParts {
   const link::LinkStatus& Status;
 };
 
-struct FormStat final : StatWindow, private StatLine, private StatView {
+struct FormStat final : StatWindow, private link::LineView, private StatLine, private StatView {
   explicit FormStat(const FormStatParts& parts, const StatCatalogue& catalogue);
 
   void Form_Load() override;
@@ -50,6 +51,8 @@ struct FormStat final : StatWindow, private StatLine, private StatView {
   enum View { kElementView, kBulkView, kOverviewView };
 
   std::string Send(int row, const std::string& argument, std::optional<int> answerLength) override;
+  void ShowSent(const std::string& text) override { Debug.ShowSent(text); }
+  void ShowReceived(const std::string& text) override { Debug.ShowReceived(text); }
   bool IsOpen() const override { return work_.Port.PortOpen(); }
   bool Confirm(const std::string& title, const std::string& question) override;
   void Tell(const std::string& title, const std::string& text, bool good) override;

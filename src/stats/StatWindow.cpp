@@ -31,8 +31,6 @@ StatWindow::StatWindow() : ui::Form("FormStat") {
   CmdCopy.Caption = "COPY";
   CmdCsv.Caption = "SAVE AS CSV";
   CmdBack.Caption = "RETURN";
-  FrmDbg.Caption = "I/O Debug ";
-  TxtDbgIO.Prepare([](ui::TextBox& box, int) { box.Locked = true; });
   CmbSucc.ToolTipText = "transferred";
   CmbFail.ToolTipText = "failed";
 }

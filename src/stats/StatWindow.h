@@ -1,6 +1,7 @@
 // The controls of the window of statistics.
 #pragma once
 
+#include "state/DebugFrame.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"
 
@@ -73,8 +74,7 @@ struct StatWindow : ui::Form {
   ui::Button CmdCsv{FrmOverview, "CmdCsv"};
   ui::Button CmdBack{FrmOverview, "CmdBack"};
 
-  ui::Frame FrmDbg{*this, "FrmDbg"};
-  ui::ControlArray<ui::TextBox> TxtDbgIO{FrmDbg, "TxtDbgIO", 2};
+  state::DebugFrame Debug{*this};
 
   // Raised with what is to be put on the clipboard.
   ui::Event<const std::string&> CopyWanted;

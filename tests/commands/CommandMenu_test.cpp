@@ -453,16 +453,49 @@ TEST_F(CommandMenu, APortThatIsClosedIsTold) {
   EXPECT_EQ(Text(2), kRefused);
 }
 
+// Counts the seconds that a control shows and draws at once.
+struct CountdownLog final : ui::Observer {
+  void PropertyChanged(const ui::PropertyBase& property) override {
+    if (property.Text().starts_with("wait for machine answer [")) ++Shown;
+  }
+  void RefreshWanted() override { ++Drawn; }
+  int Shown = 0;
+  int Drawn = 0;
+};
+
+TEST_F(CommandMenu, CountsDownInThePanelAndInTheBoxOfTheMenuOnShow) {
+  const std::vector<ui::Control*> places{&Window.Panels.ILabel1, &Window.Panels.OLabel1,
+                                         &Window.Panels.ErLabel1, &Window.TxtIO(2), &Window.TxtIOm};
+  const std::pair<int, std::vector<int>> menus[] = {{commands::kCommandMenu, {0, 5, 0, 5, 0}},
+                                                    {commands::kMaintenanceMenu, {0, 5, 0, 0, 5}}};
+  for (const auto& [menu, seconds] : menus) {
+    Port.Expect("#z*").Reply("A");
+    Screen.Unload(Window);
+    Load(menu);
+    std::vector<CountdownLog> logs(places.size());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+      places[i]->AddObserver(logs[i]);
+    }
+    Port.Expect("#ur*").Wait(5.0);
+    Window.Send(1);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+      places[i]->RemoveObserver(logs[i]);
+      EXPECT_EQ(logs[i].Shown, seconds[i]) << menu << " " << places[i]->FullName();
+      EXPECT_EQ(logs[i].Drawn, seconds[i]);
+    }
+  }
+}
+
 TEST_F(CommandMenu, TheDebugFrameEchoesAtItsLevel) {
-  EXPECT_FALSE(Window.FrmDbg.Visible);
+  EXPECT_FALSE(Window.Debug.FrmDbg.Visible);
   Port.Expect("#z*").Reply("A");
   Screen.Unload(Window);
   Log.DebugLevel(15);
   Load();
-  EXPECT_TRUE(Window.FrmDbg.Visible);
+  EXPECT_TRUE(Window.Debug.FrmDbg.Visible);
   Execute(37, "#rw0012ff00*", "A00ff", {"w0012ff00"});
-  EXPECT_EQ(Window.TxtDbgIO(0).Text.Get(), "#RW0012FF00*");
-  EXPECT_EQ(Window.TxtDbgIO(1).Text.Get(), "A00FF");
+  EXPECT_EQ(Window.Debug.TxtDbgIO(0).Text.Get(), "#RW0012FF00*");
+  EXPECT_EQ(Window.Debug.TxtDbgIO(1).Text.Get(), "A00FF");
 }
 
 // The shelf's guard of ten seconds holds from one menu to the other.

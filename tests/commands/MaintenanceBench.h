@@ -26,7 +26,7 @@ struct MaintenanceBench : LineBench {
     config::ExecuteConfigKnown(Files, "/app/config", 1, Facts);
     Status.LinkState = link::kConfigKnown;
     Status.FirmwareVersion = "5.2";
-    Form.Caption = "Main";
+    Main.Caption = "Main";
   }
 
   // Opens the window, has the steps done, and closes it behind the last, which may have done so.
@@ -61,6 +61,7 @@ struct MaintenanceBench : LineBench {
   state::ErrorTable Errors;
   state::StateDecoder Decoder{Names, Errors, [this] { return Status.FirmwareNumber(); }};
   state::PanelStyles Styles;
+  ui::Form Main{"Form1"};
   commands::FormComm Window{{.Screen = Screen,
                              .Port = Port,
                              .Commands = Line,
@@ -71,7 +72,7 @@ struct MaintenanceBench : LineBench {
                              .Names = Names,
                              .Decoder = Decoder,
                              .Styles = Styles,
-                             .MainWindow = Form}};
+                             .MainWindow = Main}};
 };
 
 }  // namespace tintbench::testing

@@ -73,7 +73,7 @@ struct LineBench {
   link::DebugLog Log{Files, "/app/log"};
   link::Transaction Line{Port, Clock, Commands, Screen, Log};
   link::Xmodem Engine{Port, Clock, Files, {.AppPath = "/app"}};
-  ui::Form Form{"Form1"};
+  link::LineView View;
 
  private:
   bool Ask(const std::string& command) {

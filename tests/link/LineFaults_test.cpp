@@ -211,14 +211,14 @@ TEST_P(LineFaults, InATransactionGiveBackWhatCameAndEndInTime) {
   std::string answer;
   {
     const link::CommandCall call(bench.Commands, 17, "0102");
-    answer = bench.Line.SendCommand(bench.Form, 17);
+    answer = bench.Line.SendCommand(bench.View, 17);
   }
   EXPECT_TRUE(Matches(answer, wanted.Text)) << answer.substr(0, 40);
   EXPECT_NEAR(bench.Clock.Now() - start, wanted.Seconds, 0.001);
   EXPECT_EQ(bench.Port.Written, "#a0102*");
   EXPECT_TRUE(bench.Screen.Boxes.empty());
   bench.Mend();
-  EXPECT_EQ(bench.Line.SendCommand(bench.Form, 7), "A V 5.2");
+  EXPECT_EQ(bench.Line.SendCommand(bench.View, 7), "A V 5.2");
 }
 
 TEST_P(LineFaults, InAReceptionLeaveTheOldFileOrTheNewOneWhole) {

@@ -14,24 +14,18 @@ namespace {
 using testing::NotingScreen;
 using testing::ScriptedPort;
 
-struct PanelForm : ui::Form {
-  explicit PanelForm(const std::string& name = "Form1") : ui::Form(name) {}
-  ui::Label ILabel1{*this, "ILabel1"};
-  ui::Label OLabel1{*this, "OLabel1"};
-  ui::Label ErLabel1{*this, "ErLabel1"};
-  ui::ControlArray<ui::TextBox> TxtIO{*this, "TxtIO", 3};
-  ui::TextBox TxtIOm{*this, "TxtIOm"};
-  ui::ControlArray<ui::TextBox> TxtDbgIO{*this, "TxtDbgIO", 2};
-};
-
-// Notes every value that a caption takes.
-struct CaptionLog final : ui::Observer {
-  void PropertyChanged(const ui::PropertyBase& property) override {
-    Texts.push_back(property.Text());
+// Notes what it is told to show.
+struct NotingView final : LineView {
+  void ShowCountdown(std::span<const state::Panel> panels, const std::string& text) override {
+    Panels.assign(panels.begin(), panels.end());
+    Countdown.push_back(text);
   }
-  void RefreshWanted() override { ++Refreshes; }
-  std::vector<std::string> Texts;
-  int Refreshes = 0;
+  void ShowSent(const std::string& text) override { Echo += "> " + text + "\n"; }
+  void ShowReceived(const std::string& text) override { Echo += "< " + text + "\n"; }
+
+  std::vector<state::Panel> Panels;
+  std::vector<std::string> Countdown;
+  std::string Echo;
 };
 
 class TransactionTest : public ::testing::Test {
@@ -44,7 +38,7 @@ class TransactionTest : public ::testing::Test {
   NotingScreen Screen{Clock};
   DebugLog Log{Files, Folder.Path("ksvdebug.txt")};
   Transaction Line{Port, Clock, Commands, Screen, Log};
-  PanelForm Form;
+  NotingView View;
 };
 
 struct AnswerCase {
@@ -87,8 +81,8 @@ TEST(TransactionAnswers, AreWholeByCountOrByQuiet) {
     NotingScreen screen(clock);
     DebugLog log(files, "");
     Transaction line(port, clock, commands, screen, log);
-    PanelForm form;
-    EXPECT_EQ(line.SendCommand(form, wanted.Row), wanted.Answer);
+    NotingView view;
+    EXPECT_EQ(line.SendCommand(view, wanted.Row), wanted.Answer);
     EXPECT_NEAR(clock.Now(), wanted.Seconds, 0.001);
     EXPECT_FALSE(line.IsSerialBusy());
     EXPECT_TRUE(screen.Boxes.empty());
@@ -98,18 +92,18 @@ TEST(TransactionAnswers, AreWholeByCountOrByQuiet) {
 TEST_F(TransactionTest, ExpectsTheArgumentBackForARowWithoutLength) {
   Port.Expect("#a010203*").Reply("A010203");
   const CommandCall call(Commands, 17, "010203");
-  EXPECT_EQ(Line.SendCommand(Form, 17), "A010203");
+  EXPECT_EQ(Line.SendCommand(View, 17), "A010203");
   EXPECT_NEAR(Clock.Now(), 0.3, 0.001);
 }
 
 TEST_F(TransactionTest, KeepsWhatWasLeftInFrontOfTheNewAnswer) {
   Port.Reply("late").Expect("#ir*").Reply("A0FFFFFFF");
-  EXPECT_EQ(Line.SendCommand(Form, 0), "lateA0FFFFFFF");
+  EXPECT_EQ(Line.SendCommand(View, 0), "lateA0FFFFFFF");
 }
 
 TEST_F(TransactionTest, SendsNothingOnAClosedPortAndSaysSo) {
   Port.PortOpen(false);
-  EXPECT_EQ(Line.SendCommand(Form, 0), "");
+  EXPECT_EQ(Line.SendCommand(View, 0), "");
   ASSERT_EQ(Screen.Boxes.size(), 1U);
   EXPECT_EQ(Screen.Boxes[0].Text, "Serial port NOT open!");
   EXPECT_EQ(Screen.Boxes[0].Icon, ui::BoxIcon::Plain);
@@ -120,64 +114,43 @@ TEST_F(TransactionTest, GivesNothingWhileAnotherOneRuns) {
   std::string inner = "not called";
   Port.Expect("#ir*").Do([&] {
     EXPECT_TRUE(Line.IsSerialBusy());
-    inner = Line.SendCommand(Form, 1);
+    inner = Line.SendCommand(View, 1);
   });
   Port.Reply("A0FFFFFFF");
-  EXPECT_EQ(Line.SendCommand(Form, 0), "A0FFFFFFF");
+  EXPECT_EQ(Line.SendCommand(View, 0), "A0FFFFFFF");
   EXPECT_EQ(inner, "");
 }
 
 TEST_F(TransactionTest, EndsAtOnceWhenThePortIsLost) {
   Port.Expect("#h*").Wait(1.0).Disconnect();
-  EXPECT_EQ(Line.SendCommand(Form, 33), "");
+  EXPECT_EQ(Line.SendCommand(View, 33), "");
   EXPECT_LT(Clock.Now(), 1.4);
 }
 
-TEST_F(TransactionTest, CountsDownOnThePanelsOfItsRow) {
+TEST_F(TransactionTest, CountsDownForThePanelsOfItsRow) {
   struct Place {
-    std::string Form;
     int Row;
     std::string Command;
-    std::vector<std::string> Controls;
+    std::vector<state::Panel> Panels;
   };
   const std::vector<Place> places{
-      {"Form1", 0, "#ir*", {"ILabel1"}},
-      {"Form1", 1, "#ur*", {"OLabel1"}},
-      {"Form1", 2, "#iu*", {"ILabel1", "OLabel1"}},
-      {"Form1", 3, "#s*", {"ErLabel1"}},
-      {"Form1", 7, "#jf*", {}},
-      {"FormComm", 7, "#jf*", {"TxtIO(2)"}},
-      {"FormComm", 1, "#ur*", {"OLabel1", "TxtIO(2)"}},
+      {0, "#ir*", {state::kInputPanel}},
+      {1, "#ur*", {state::kOutputPanel}},
+      {2, "#iu*", {state::kInputPanel, state::kOutputPanel}},
+      {3, "#s*", {state::kStatusPanel}},
+      {7, "#jf*", {}},
   };
   for (const Place& place : places) {
-    SCOPED_TRACE(place.Form + " " + place.Command);
-    std::vector<CaptionLog> logs;  // must outlive the window that it observes
-    PanelForm form(place.Form);
-    logs.resize(form.Controls().size());
-    for (std::size_t i = 0; i < logs.size(); ++i) form.Controls()[i]->AddObserver(logs[i]);
+    SCOPED_TRACE(place.Command);
+    NotingView view;
     Port.Expect(place.Command).Wait(5.0);
-    Line.SendCommand(form, place.Row);
-    for (std::size_t i = 0; i < logs.size(); ++i) {
-      const std::string name = form.Controls()[i]->FullName();
-      const bool shown = std::count(place.Controls.begin(), place.Controls.end(), name) > 0;
-      EXPECT_EQ(logs[i].Texts.empty(), !shown) << name;
-      if (!shown) continue;
-      EXPECT_EQ(logs[i].Texts, (std::vector<std::string>{
-                                   "wait for machine answer [5]", "wait for machine answer [4]",
-                                   "wait for machine answer [3]", "wait for machine answer [2]",
-                                   "wait for machine answer [1]"}));
-      EXPECT_EQ(logs[i].Refreshes, 5);
-    }
+    Line.SendCommand(view, place.Row);
+    EXPECT_EQ(view.Panels, place.Panels);
+    EXPECT_EQ(view.Countdown, (std::vector<std::string>{
+                                  "wait for machine answer [5]", "wait for machine answer [4]",
+                                  "wait for machine answer [3]", "wait for machine answer [2]",
+                                  "wait for machine answer [1]"}));
   }
-}
-
-TEST_F(TransactionTest, CountsDownInTheBoxOfTheMenuOnShow) {
-  PanelForm form("FormComm");
-  form.TxtIO(2).Visible = false;
-  Port.Expect("#jf*").Wait(5.0);
-  Line.SendCommand(form, 7);
-  EXPECT_EQ(form.TxtIO(2).Text.Get(), "");
-  EXPECT_EQ(form.TxtIOm.Text.Get(), "wait for machine answer [1]");
 }
 
 TEST_F(TransactionTest, EchoesAndLogsAtItsLevelOnly) {
@@ -185,17 +158,16 @@ TEST_F(TransactionTest, EchoesAndLogsAtItsLevelOnly) {
     Log.DebugLevel(level);
     Log.ApplyDebugLevel();
     Port.Expect("#jf*").Reply("A   5.2");
-    Line.SendCommand(Form, 7);
-    EXPECT_EQ(Form.TxtDbgIO(0).Text.Get(), "");
+    Line.SendCommand(View, 7);
+    EXPECT_EQ(View.Echo, "");
     EXPECT_FALSE(Files.FileExists(Folder.Path("ksvdebug.txt")));
   }
   Log.DebugLevel(15);
   Log.ApplyDebugLevel();
   Port.Expect("#doab*").Reply("aabK");
   const CommandCall call(Commands, 21, "ab");
-  Line.SendCommand(Form, 21);
-  EXPECT_EQ(Form.TxtDbgIO(0).Text.Get(), "#DOAB*");
-  EXPECT_EQ(Form.TxtDbgIO(1).Text.Get(), "AABK");
+  Line.SendCommand(View, 21);
+  EXPECT_EQ(View.Echo, "> #DOAB*\n< \n< AABK\n");
   Log.CloseDebugLog();
   EXPECT_EQ(Folder.Get("ksvdebug.txt"), "#doab*: aabK\r\n");
 }

@@ -302,7 +302,7 @@ TEST_F(MainWindow, DebugLevelsByTheMenu) {
       EXPECT_FALSE(Window().Poll().PollingOn());
       (Window().*wanted.Item).Press();
       EXPECT_EQ(Window().MnuKsvdbg.Caption.Get(), wanted.Title);
-      EXPECT_EQ(Window().FrmDbg.Visible.Get(), wanted.Frame);
+      EXPECT_EQ(Window().Debug.FrmDbg.Visible.Get(), wanted.Frame);
       for (const Case& other : cases) {
         EXPECT_EQ((Window().*other.Item).Checked.Get(), other.Item == wanted.Item);
       }
@@ -323,7 +323,7 @@ TEST_F(MainWindow, LogBeginsAnewAtEachSwitchToItsLevel) {
        },
        [&] {
          EXPECT_EQ(test.Folder.Get("ksvdebug.txt"), "");
-         EXPECT_EQ(Window().TxtDbgIO(0).Text->empty(), false);
+         EXPECT_EQ(Window().Debug.TxtDbgIO(0).Text->empty(), false);
          Pass(3);
          Window().MMnuksvdbgEdit.Press();
        },
@@ -356,7 +356,7 @@ TEST_F(MainWindow, LevelIsEditedInItsDialog) {
     });
     hand.push_back([this, &wanted] {
       EXPECT_EQ(Window().MMnuksvdbgEdit.Caption.Get(), wanted.Caption);
-      EXPECT_EQ(Window().FrmDbg.Visible.Get(), std::string(wanted.Typed) == "15");
+      EXPECT_EQ(Window().Debug.FrmDbg.Visible.Get(), std::string(wanted.Typed) == "15");
     });
   }
   Run(hand, "KSVDEBUG(5)");

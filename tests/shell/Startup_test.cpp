@@ -81,7 +81,7 @@ TEST(DebugLevel, OfTheCommandLineShowsItsMenuAndOpensTheLog) {
       EXPECT_EQ(test.MainWindow().MnuKsvdbg.Visible, wanted.MenuShown);
       EXPECT_EQ(test.MainWindow().MnuKsvdbg.Enabled, wanted.MenuShown);
       EXPECT_EQ(test.MainWindow().MnuKsvdbg.Caption.Get(), wanted.Title);
-      EXPECT_EQ(test.MainWindow().FrmDbg.Visible, wanted.LogMade);
+      EXPECT_EQ(test.MainWindow().Debug.FrmDbg.Visible, wanted.LogMade);
       EXPECT_EQ(test.MainWindow().MMnuksvdbgEdit.Caption.Get(),
                 wanted.Title == "&Debug Level [ 5 ] " ? "Edit Level[ 5 ] " : "Edit Level[ - ]");
     };

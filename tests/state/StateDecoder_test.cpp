@@ -242,12 +242,8 @@ TEST_F(Decoding, LampsOfTheCardStandApart) {
   }
 }
 
-class InTheWindowOfCommands : public Decoding {
- protected:
-  InTheWindowOfCommands() : Decoding("FormComm") {}
-};
-
-TEST_F(InTheWindowOfCommands, FramesStandLowerAndHaveNoButton) {
+TEST_F(Decoding, FramesStandLowerBelowTitles) {
+  panels.TopShift = kTitleShift;
   ApplyFrameSize(panels, kInputPanel, true);
   EXPECT_NEAR(panels.Frame(0).Top, kClientHeight * 5 / 96 + 200, 0.01);
   ApplyFrameSize(panels, kInputPanel, false);
@@ -255,7 +251,6 @@ TEST_F(InTheWindowOfCommands, FramesStandLowerAndHaveNoButton) {
   EXPECT_DOUBLE_EQ(panels.Frame(0).Left, 300);
   EXPECT_DOUBLE_EQ(panels.Frame(0).Width, kClientWidth - 600);
   EXPECT_DOUBLE_EQ(panels.Frame(0).Height, kClientHeight - 600);
-  PlaceCmdResize(panels, kInputPanel);
 }
 
 }  // namespace
