@@ -13,7 +13,7 @@
 namespace tintbench::bench {
 namespace {
 
-constexpr int kStatusRow = 0;
+constexpr auto kStatusRow = link::CommandId::ReadInputs;
 constexpr double kProcessorSeconds = 3.0;
 constexpr double kSecondsOfAnHour = 3600.0;
 constexpr int kBatch = 1000;

@@ -17,7 +17,7 @@
 namespace tintbench::bench {
 namespace {
 
-constexpr int kResetRow = 33;  // ten seconds of patience
+constexpr auto kResetRow = link::CommandId::Reset;  // ten seconds of patience
 
 double ProcessorSeconds() {
   rusage usage{};

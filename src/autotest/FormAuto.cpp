@@ -9,7 +9,6 @@ namespace tintbench::autotest {
 
 namespace {
 
-constexpr int kAutotestRow = 9;  // of the command table
 constexpr ui::Colour kBlue{0xFF0000};
 constexpr ui::Colour kRed{0x0000FF};
 
@@ -73,7 +72,8 @@ void FormAuto::Clear() {
 
 void FormAuto::CmdAutotest_Click() {
   Clear();
-  const std::string answer = base::ToUpper(parts_.Commands.SendCommand(*this, kAutotestRow));
+  const std::string answer =
+      base::ToUpper(parts_.Commands.SendCommand(*this, link::CommandId::ReadAutotest));
   if (answer.starts_with('A')) {
     Show(ParseAutotest(answer));
   } else {

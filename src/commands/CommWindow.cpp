@@ -96,7 +96,7 @@ void CommWindow::ShowReportFrame() {
 
 void CommWindow::HideReportFrame() { FrameOutput.Visible = false; }
 
-std::string CommWindow::Send(int row) {
+std::string CommWindow::Send(CommandId row) {
   const std::string command = Work.Table.Row(row).Command;
   const bool goesOut = Work.Port.PortOpen();
   const std::string answer = base::ToUpper(Work.Commands.SendCommand(*this, row));
@@ -109,12 +109,12 @@ void CommWindow::Book(std::string_view command, std::string_view answer) {
   LblOn.Caption = on_.IsEmpty() ? "" : "Switched on from here: " + on_.Text();
 }
 
-std::string CommWindow::Send(int row, const std::string& argument) {
+std::string CommWindow::Send(CommandId row, const std::string& argument) {
   const link::CommandCall call(Work.Table, row, argument);
   return Send(row);
 }
 
-std::string CommWindow::SendMoving(int row, const std::string& argument) {
+std::string CommWindow::SendMoving(CommandId row, const std::string& argument) {
   link::CommandCall call(Work.Table, row, argument);
   call.Row().TimeoutSeconds = Work.Table.CommandTimeout(argument, row, Work.Facts, Work.Log);
   return Send(row);

@@ -26,6 +26,8 @@
 
 namespace tintbench::commands {
 
+using link::CommandId;
+
 // What the window and its jobs work with. All of it must outlive the window.
 struct CommParts {
   ui::Screen& Screen;
@@ -121,17 +123,17 @@ struct CommWindow : ui::Form, link::LineView {
 
   // Sends a row as it stands, or with an argument; the template is put back. The answer comes in
   // upper case.
-  std::string Send(int row);
-  std::string Send(int row, const std::string& argument);
+  std::string Send(CommandId row);
+  std::string Send(CommandId row, const std::string& argument);
   // The same with the time-out of a row that moves something.
-  std::string SendMoving(int row, const std::string& argument);
+  std::string SendMoving(CommandId row, const std::string& argument);
   // Books a command that has gone over the line, with its answer in upper case.
   void Book(std::string_view command, std::string_view answer);
   // What is switched on outlives each opening of the window, as the machine's state does.
   const SwitchedOn& On() const { return on_; }
 
   // The row's name.
-  const std::string& Description(int row) const { return Work.Table.Row(row).Description; }
+  const std::string& Description(CommandId row) const { return Work.Table.Row(row).Description; }
 
   // True if the operator has said at least that to the innermost process. With the window, and with
   // the program, everything stops.

@@ -5,7 +5,6 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "commands/CommandReports.h"
-#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
@@ -20,21 +19,17 @@ constexpr std::size_t kMostRecent = 12;
 
 struct Group {
   const char* Name;
-  int First;
-  int Last;
+  CommandId First;
+  CommandId Last;
 };
 
-constexpr std::array<Group, kCommandGroups> kGroups{{{"STATUS, I/O SENSORS", 0, 11},
-                                                     {"MACHINE TESTS", 12, 36},
-                                                     {"MACHINE MEMORY/DATA", 37, 48},
-                                                     {"CUSTOM COMMAND", 49, 49}}};
+constexpr std::array<Group, kCommandGroups> kGroups{
+    {{"STATUS, I/O SENSORS", CommandId::ReadInputs, CommandId::ReadGroupInput},
+     {"MACHINE TESTS", CommandId::StopTimed, CommandId::AutoConfiguration},
+     {"MACHINE MEMORY/DATA", CommandId::ReadMemory, CommandId::StoreCounts},
+     {"CUSTOM COMMAND", CommandId::Custom, CommandId::Custom}}};
 
 enum TextBoxIndex : int { kSent = 0, kReceived = 1, kStatus = 2 };
-
-// Caps and the reset take as long as the machine at hand does.
-bool MovesSomething(int row) {
-  return (row >= rows::kCapOpen && row <= rows::kCapIntermediate) || row == rows::kReset;
-}
 
 // The command as it is shown while it is under way.
 std::string Echo(const std::string& commandTemplate, const std::string& argument) {
@@ -47,8 +42,8 @@ std::string Echo(const std::string& commandTemplate, const std::string& argument
 }  // namespace
 
 void CommandMenu::Load() {
-  shownRow_ = -1;
-  lastRow_ = -1;
+  shownRow_.reset();
+  lastRow_.reset();
   lastArgument_.clear();
   window_.TxtFind.Text = "";
   for (const int box : {kSent, kReceived, kStatus}) window_.ShowIoText(box, "");
@@ -65,8 +60,9 @@ void CommandMenu::FillLists() {
     ui::ListBox& list = window_.LstCsingle(group);
     list.Clear();
     list.Tag = std::to_string(list.ListIndex);
-    for (int row = rows.First; row <= rows.Last; ++row) {
-      if (window_.Work.Table.Row(row).Enabled) list.AddItem(window_.Description(row), row);
+    for (int number = link::NumberOf(rows.First); number <= link::NumberOf(rows.Last); ++number) {
+      const CommandId row{number};
+      if (window_.Work.Table.Row(row).Enabled) list.AddItem(window_.Description(row), number);
     }
   }
 }
@@ -75,10 +71,10 @@ int CommandMenu::Remembered(int group) const {
   return base::LeadingInt(window_.LstCsingle(group).Tag.Get());
 }
 
-int CommandMenu::SelectedRow() const {
+std::optional<CommandId> CommandMenu::SelectedRow() const {
   const int group = window_.CmbCtype.ListIndex;
-  if (group < 0 || Remembered(group) < 0) return -1;
-  return window_.LstCsingle(group).ItemData(Remembered(group));
+  if (group < 0 || Remembered(group) < 0) return std::nullopt;
+  return CommandId{window_.LstCsingle(group).ItemData(Remembered(group))};
 }
 
 void CommandMenu::LoadComOnButton(int group, int listIndex) {
@@ -170,13 +166,14 @@ void CommandMenu::CmbRecent_Click() {
   const Recent& recent = recent_.at(static_cast<std::size_t>(chosen));
   lastRow_ = recent.Row;
   lastArgument_ = recent.Argument;
-  const std::vector<Place> places = Places(
-      [&recent](const ui::ListBox& list, int index) { return list.ItemData(index) == recent.Row; });
+  const std::vector<Place> places = Places([&recent](const ui::ListBox& list, int index) {
+    return list.ItemData(index) == link::NumberOf(recent.Row);
+  });
   if (!places.empty()) SelectRow(places.front());
 }
 
 // The latest is the first, and none is there twice.
-void CommandMenu::Remember(int row, const std::string& argument) {
+void CommandMenu::Remember(CommandId row, const std::string& argument) {
   const Recent sent{row, argument};
   std::erase(recent_, sent);
   recent_.insert(recent_.begin(), sent);
@@ -184,11 +181,11 @@ void CommandMenu::Remember(int row, const std::string& argument) {
   window_.CmbRecent.Clear();
   for (const Recent& recent : recent_) {
     const std::string behind = recent.Argument.empty() ? "" : "  " + recent.Argument;
-    window_.CmbRecent.AddItem(window_.Description(recent.Row) + behind, recent.Row);
+    window_.CmbRecent.AddItem(window_.Description(recent.Row) + behind, link::NumberOf(recent.Row));
   }
 }
 
-void CommandMenu::ShowPanels(int row) {
+void CommandMenu::ShowPanels(CommandId row) {
   if (row == shownRow_ || window_.Flags.Closing) return;
   shownRow_ = row;
   window_.HidePanels();
@@ -202,7 +199,7 @@ void CommandMenu::ShowPanels(int row) {
   window_.ShowReportFrame();
 }
 
-std::optional<std::string> CommandMenu::ArgumentOf(int row) {
+std::optional<std::string> CommandMenu::ArgumentOf(CommandId row) {
   const link::CommandRow& command = window_.Work.Table.Row(row);
   if (command.Command.find(' ') == std::string::npos || command.Prompt.empty()) return "";
   if (row != lastRow_) lastArgument_.clear();
@@ -217,19 +214,20 @@ std::optional<std::string> CommandMenu::ArgumentOf(int row) {
   }
 }
 
-std::string CommandMenu::Transmit(int row, const std::string& argument) {
+std::string CommandMenu::Transmit(CommandId row, const std::string& argument) {
   for (const int box : {kStatus, kReceived}) window_.ShowIoText(box, "");
   window_.ShowReport("");
   window_.ShowIoText(kSent, Echo(window_.Work.Table.Row(row).Command, argument));
-  const std::string answer =
-      MovesSomething(row) ? window_.SendMoving(row, argument) : window_.Send(row, argument);
+  const std::string answer = link::HasConfiguredTime(row) ? window_.SendMoving(row, argument)
+                                                          : window_.Send(row, argument);
   window_.ShowIoText(kReceived, answer);
   return answer;
 }
 
 void CommandMenu::CmdExec_Click() {
-  const int row = SelectedRow();
-  if (row < 0 || window_.Running != nullptr) return;
+  const std::optional<CommandId> selected = SelectedRow();
+  if (!selected || window_.Running != nullptr) return;
+  const CommandId row = *selected;
   StopToken process(window_.Running);
   ShowPanels(row);
   const std::optional<std::string> argument = ArgumentOf(row);
@@ -240,7 +238,8 @@ void CommandMenu::CmdExec_Click() {
   Remember(row, *argument);
   const Exchange exchange{row, *argument, Transmit(row, *argument)};
   const Outcome outcome = DecodeExchange(exchange, window_);
-  if (row == rows::kShelfUp || row == rows::kShelfDown) shelf_.ShelfMotion(row, exchange.Answer);
+  if (row == CommandId::ShelfUp || row == CommandId::ShelfDown)
+    shelf_.ShelfMotion(row, exchange.Answer);
   window_.ShowIoText(kStatus, outcome.Status);
   window_.ShowReport(outcome.Report);
 }
@@ -248,7 +247,7 @@ void CommandMenu::CmdExec_Click() {
 // The countdown has stood in this menu's own status box.
 void CommandMenu::CmdStop_Click() {
   if (window_.Running != nullptr) window_.Running->Say(Wish::Stop);
-  window_.CheckAnswer(window_.Send(rows::kAllOff), "A", kStopped);
+  window_.CheckAnswer(window_.Send(CommandId::AllOff), "A", kStopped);
   window_.ShowIoText(kStatus, window_.TxtIOm.Text.Get());
 }
 

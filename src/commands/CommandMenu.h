@@ -35,7 +35,7 @@ class CommandMenu {
  private:
   // A command that was sent.
   struct Recent {
-    int Row;
+    CommandId Row;
     std::string Argument;
     friend bool operator==(const Recent&, const Recent&) = default;
   };
@@ -43,8 +43,8 @@ class CommandMenu {
   void FillLists();
   // The selection that a group's list remembers; -1 if there is none.
   int Remembered(int group) const;
-  // The row of the command table that is selected; -1 if there is none.
-  int SelectedRow() const;
+  // The row of the command table that is selected, if there is one.
+  std::optional<CommandId> SelectedRow() const;
   // A row of a list, by its group and index.
   struct Place {
     int Group;
@@ -57,17 +57,17 @@ class CommandMenu {
   void SelectNone();
   void SelectHit(std::size_t hit);
   void LoadComOnButton(int group, int listIndex);
-  void ShowPanels(int row);
+  void ShowPanels(CommandId row);
   // The argument of a row, empty for one that takes none. Nothing if the operator gave it up.
-  std::optional<std::string> ArgumentOf(int row);
-  std::string Transmit(int row, const std::string& argument);
-  void Remember(int row, const std::string& argument);
+  std::optional<std::string> ArgumentOf(CommandId row);
+  std::string Transmit(CommandId row, const std::string& argument);
+  void Remember(CommandId row, const std::string& argument);
 
   CommWindow& window_;
   ShelfAndValves& shelf_;
-  int shownRow_ = -1;         // whose panels are shown
-  int lastRow_ = -1;          // of the last typed argument
-  std::string lastArgument_;  // the next default of that row
+  std::optional<CommandId> shownRow_;  // whose panels are shown
+  std::optional<CommandId> lastRow_;   // of the last typed argument
+  std::string lastArgument_;           // the next default of that row
   std::vector<Recent> recent_;
   std::vector<Place> hits_;  // of what was looked for
   std::size_t hit_ = 0;      // the one selected

@@ -29,8 +29,8 @@ using Decoder = void (*)(const Exchange&, CommWindow&, Outcome&);
 
 // What is special to the rows from `First` to `Last`.
 struct RowRule {
-  int First = 0;
-  int Last = 0;
+  CommandId First;
+  CommandId Last = First;
   unsigned View = 0;
   std::array<Field, 4> Fields = {};
   int DoneAt = 0;            // where the answer tells whether the operation worked; 0 if nowhere
@@ -96,51 +96,51 @@ constexpr auto kAnswer = Source::Answer;
 
 // clang-format off
 constexpr RowRule kRules[] = {
-    {.First = 0,  .Last = 0,  .View = kInputView | kCardView, .Decode = ShowInputs},
-    {.First = 1,  .Last = 1,  .View = kOutputView | kCardView, .Decode = ShowOutputs},
-    {.First = 2,  .Last = 2,  .View = kInputView | kOutputView | kCardView,
+    {.First = CommandId::ReadInputs, .View = kInputView | kCardView, .Decode = ShowInputs},
+    {.First = CommandId::ReadOutputs, .View = kOutputView | kCardView, .Decode = ShowOutputs},
+    {.First = CommandId::ReadInputsAndOutputs, .View = kInputView | kOutputView | kCardView,
      .Decode = ShowInputsAndOutputs},
-    {.First = 3,  .Last = 3,  .View = kStatusView, .Decode = ShowStatus},
-    {.First = 4,  .Last = 4,  .View = kReportView, .Decode = TellBridges},
-    {.First = 5,  .Last = 6,  .DoneAt = 2, .Decode = TellNoReport},
-    {.First = 7,  .Last = 8,  .View = kReportView, .Fields = {{{kAnswer, 2}}}},
-    {.First = 9,  .Last = 11, .View = kReportView},
-    {.First = 17, .Last = 20, .View = kReportView, .Decode = TellPairs},
-    {.First = 21, .Last = 23, .View = kReportView, .Fields = {{{kAnswer, 2, 2}}}, .DoneAt = 4},
-    {.First = 27, .Last = 27, .View = kReportView, .Fields = {{{kAnswer, 2, 4, "(steps)"}}}},
-    {.First = 28, .Last = 29, .View = kReportView, .Fields = {{{kAnswer, 2, 2}}}},
-    {.First = 30, .Last = 30, .View = kReportView,
+    {.First = CommandId::ReadStatus, .View = kStatusView, .Decode = ShowStatus},
+    {.First = CommandId::ReadBridges, .View = kReportView, .Decode = TellBridges},
+    {.First = CommandId::SetOutputs, .Last = CommandId::VerifyDispensing, .DoneAt = 2, .Decode = TellNoReport},
+    {.First = CommandId::FirmwareVersion, .Last = CommandId::PlatformVersion, .View = kReportView, .Fields = {{{kAnswer, 2}}}},
+    {.First = CommandId::ReadAutotest, .Last = CommandId::ReadGroupInput, .View = kReportView},
+    {.First = CommandId::ValvesOn, .Last = CommandId::StirringsOff, .View = kReportView, .Decode = TellPairs},
+    {.First = CommandId::CapOpen, .Last = CommandId::CapIntermediate, .View = kReportView, .Fields = {{{kAnswer, 2, 2}}}, .DoneAt = 4},
+    {.First = CommandId::ShelfPosition, .View = kReportView, .Fields = {{{kAnswer, 2, 4, "(steps)"}}}},
+    {.First = CommandId::MotorOn, .Last = CommandId::MotorOff, .View = kReportView, .Fields = {{{kAnswer, 2, 2}}}},
+    {.First = CommandId::MotorSpeed, .View = kReportView,
      .Fields = {{{kAnswer, 2, 10, "(msec)"}, {kAnswer, 12, 10, "(rpm*100)"}}}},
-    {.First = 37, .Last = 37, .View = kReportView,
+    {.First = CommandId::ReadMemory, .View = kReportView,
      .Fields = {{{kArgument, 1, 1, "(data type)"}, {kArgument, 2, 8, "(data address)"},
                  {kAnswer, 2, kRest, "(data read)"}}}},
-    {.First = 38, .Last = 38, .View = kReportView,
+    {.First = CommandId::WriteMemory, .View = kReportView,
      .Fields = {{{kArgument, 1, 1, "(data type)"}, {kArgument, 2, 8, "(data address)"},
                  {kArgument, 10, 4, "(data written)"}}},
      .DoneAt = 2},
-    {.First = 39, .Last = 39, .View = kReportView, .Decode = TellPairs},
-    {.First = 41, .Last = 41, .View = kReportView,
+    {.First = CommandId::CreateMask, .View = kReportView, .Decode = TellPairs},
+    {.First = CommandId::ReadPwm, .View = kReportView,
      .Fields = {{{kArgument, 1, kRest, "(PWM channel)"}, {kAnswer, 2, 4, "(frequency)"},
                  {kAnswer, 6, 4, "(duty-cycle)"}}}},
-    {.First = 42, .Last = 42, .View = kReportView,
+    {.First = CommandId::WritePwm, .View = kReportView,
      .Fields = {{{kArgument, 1, 2, "(PWM channel)"}, {kArgument, 3, 4, "(frequency)"},
                  {kArgument, 7, 4, "(duty-cycle)"}}}},
-    {.First = 43, .Last = 43, .View = kReportView,
+    {.First = CommandId::ReadDevice, .View = kReportView,
      .Fields = {{{kArgument, 1, 1, "(device-type)"}, {kArgument, 2, 2, "(device-number)"},
                  {kAnswer, 4, 10, "(time)"}, {kAnswer, 14, 10, "(cycle-number)"}}}},
-    {.First = 44, .Last = 44, .View = kReportView,
+    {.First = CommandId::WriteDevice, .View = kReportView,
      .Fields = {{{kArgument, 1, 1, "(device-type)"}, {kArgument, 2, 2, "(device-number)"},
                  {kArgument, 4, 10, "(time)"}, {kArgument, 14, 10, "(cycle-number)"}}}},
-    {.First = 45, .Last = 45, .View = kReportView,
+    {.First = CommandId::ReadProcess, .View = kReportView,
      .Fields = {{{kArgument, 1, kRest, "(process-type)"}, {kAnswer, 2, kRest, "(process-value)"}}}},
-    {.First = 47, .Last = 47, .View = kReportView,
+    {.First = CommandId::WriteProcess, .View = kReportView,
      .Fields = {{{kArgument, 1, 1, "(process-type)"}, {kArgument, 2, kRest, "(process-value)"}}}},
-    {.First = 48, .Last = 48, .View = kReportView},
-    {.First = 49, .Last = 49, .Decode = TellNothing},
+    {.First = CommandId::StoreCounts, .View = kReportView},
+    {.First = CommandId::Custom, .Decode = TellNothing},
 };
 // clang-format on
 
-const RowRule* RuleOf(int row) {
+const RowRule* RuleOf(CommandId row) {
   const auto* const found =
       std::find_if(std::begin(kRules), std::end(kRules),
                    [row](const RowRule& rule) { return row >= rule.First && row <= rule.Last; });
@@ -165,7 +165,7 @@ Outcome Judge(const Exchange& exchange, const std::string& description) {
 
 }  // namespace
 
-unsigned ViewOf(int row) {
+unsigned ViewOf(CommandId row) {
   const RowRule* const rule = RuleOf(row);
   return rule == nullptr ? 0 : rule->View;
 }

@@ -10,7 +10,7 @@ namespace tintbench::commands {
 
 // A command that was sent and what came back.
 struct Exchange {
-  int Row;
+  CommandId Row;
   std::string Argument;  // as it was typed; empty if there is none
   std::string Answer;    // in upper case; may be empty
 };
@@ -26,7 +26,7 @@ inline constexpr unsigned kOutputView = 1U << state::kOutputPanel;
 inline constexpr unsigned kStatusView = 1U << state::kStatusPanel;
 inline constexpr unsigned kCardView = 1U << state::kCardPanel;
 inline constexpr unsigned kReportView = 1U << state::kPanels;
-unsigned ViewOf(int row);
+unsigned ViewOf(CommandId row);
 
 // Tells an answer, good or bad, in words, and shows it in the window's sensor panels if it is
 // about them.

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
@@ -19,23 +18,23 @@ constexpr int kAsExpected = 0;
 constexpr int kOtherAnswer = -1;
 constexpr int kNoAnswer = -2;
 
-bool IsCapMove(int row) { return row == rows::kCapOpen || row == rows::kCapClose; }
-bool IsMotor(int row) { return row == rows::kMotorOn || row == rows::kMotorOff; }
-bool IsForEach(int row) { return IsCapMove(row) || IsMotor(row); }
+bool IsCapMove(CommandId row) { return row == CommandId::CapOpen || row == CommandId::CapClose; }
+bool IsMotor(CommandId row) { return row == CommandId::MotorOn || row == CommandId::MotorOff; }
+bool IsForEach(CommandId row) { return IsCapMove(row) || IsMotor(row); }
 
 // Whether the row opens or starts something, so that the operator's HALT must come in between.
-bool IsStart(int row) { return row == rows::kCapOpen || row == rows::kMotorOn; }
+bool IsStart(CommandId row) { return row == CommandId::CapOpen || row == CommandId::MotorOn; }
 
-std::string ExpectedAnswer(int row, const std::string& elements) {
-  return "A" + elements + (row == rows::kVerify || IsCapMove(row) ? "K" : "");
+std::string ExpectedAnswer(CommandId row, const std::string& elements) {
+  return "A" + elements + (row == CommandId::VerifyDispensing || IsCapMove(row) ? "K" : "");
 }
 
-std::string ResultText(int row, int result) {
+std::string ResultText(CommandId row, int result) {
   if (result == kNoAnswer) return "Machine doesn't answer !";
   if (result == kAsExpected) {
-    return row == rows::kVerify ? "All conditions for purge are OK" : "Success !";
+    return row == CommandId::VerifyDispensing ? "All conditions for purge are OK" : "Success !";
   }
-  if (row != rows::kVerify) return "Failure !";
+  if (row != CommandId::VerifyDispensing) return "Failure !";
   return base::JoinLines({"Failure !", "Please, check all conditions for",
                           "  purge process on the machine", "  ( can is present ? ... )"});
 }
@@ -68,37 +67,39 @@ std::vector<std::string> Pieces(std::string_view text, std::size_t width) {
   return pieces;
 }
 
-bool ElementSender::HasWhatItMoves(int row) const {
+bool ElementSender::HasWhatItMoves(CommandId row) const {
   const config::MachineFacts& facts = window_.Work.Facts;
   switch (row) {
-    case rows::kCapOpen:
-    case rows::kCapClose:
+    case CommandId::CapOpen:
+    case CommandId::CapClose:
       return facts.CapCount != 0;
-    case rows::kCapIntermediate:
+    case CommandId::CapIntermediate:
       return !facts.CapThreePositionList.empty();
-    case rows::kPunch:
+    case CommandId::Punch:
       return facts.HasPuncher;
-    case rows::kShelfUp:
-    case rows::kShelfDown:
+    case CommandId::ShelfUp:
+    case CommandId::ShelfDown:
       return facts.HasShelf;
     default:
       return true;
   }
 }
 
-bool ElementSender::SendElements(int row, const std::string& elements, const std::string& speeds) {
+bool ElementSender::SendElements(CommandId row, const std::string& elements,
+                                 const std::string& speeds) {
   if (!HasWhatItMoves(row)) return true;
   const bool takesElements = window_.Work.Table.Row(row).Command.find(' ') != std::string::npos;
   if (takesElements && elements.empty()) return false;
-  if (row == rows::kMotorOn && speeds.size() * kElementWidth != elements.size() * kSpeedWidth) {
+  if (row == CommandId::MotorOn && speeds.size() * kElementWidth != elements.size() * kSpeedWidth) {
     return false;
   }
   if (IsForEach(row)) return SendEach(row, elements, speeds);
-  const bool withPiece = row == rows::kValvesOn || row == rows::kValvesOff;
+  const bool withPiece = row == CommandId::ValvesOn || row == CommandId::ValvesOff;
   return SendRound(row, withPiece ? elements : "", "", ExpectedAnswer(row, elements));
 }
 
-bool ElementSender::SendEach(int row, const std::string& elements, const std::string& speeds) {
+bool ElementSender::SendEach(CommandId row, const std::string& elements,
+                             const std::string& speeds) {
   const std::vector<std::string> pieces = Pieces(elements, kElementWidth);
   const std::vector<std::string> speedOf = Pieces(speeds, kSpeedWidth);
   bool good = true;
@@ -106,7 +107,7 @@ bool ElementSender::SendEach(int row, const std::string& elements, const std::st
     const std::string& piece = pieces[round];
     // The machine echoes one cap a time, so several caps in one go never count as a success.
     const std::string expected = ExpectedAnswer(row, IsMotor(row) ? piece : elements);
-    const std::string speed = row == rows::kMotorOn ? speedOf[round] : std::string();
+    const std::string speed = row == CommandId::MotorOn ? speedOf[round] : std::string();
     good = SendRound(row, piece, speed, expected) && good;
     if (pieces.size() == 1) break;
     if (!IsStart(row)) {
@@ -118,7 +119,7 @@ bool ElementSender::SendEach(int row, const std::string& elements, const std::st
   return good;
 }
 
-bool ElementSender::SendRound(int row, const std::string& piece, const std::string& speed,
+bool ElementSender::SendRound(CommandId row, const std::string& piece, const std::string& speed,
                               const std::string& expected) {
   const link::CommandRow& command = window_.Work.Table.Row(row);
   window_.AddToReport(RoundText(command.Description, piece, speed));

@@ -18,20 +18,22 @@ class ElementSender {
   explicit ElementSender(CommWindow& window) : window_(window) {}
 
   // Sends the row for `elements`, adjacent two-digit numbers, with `speeds`, three digits for each
-  // of them, for row 28. True if every answer was as expected, and if the machine has nothing that
-  // the row moves. Between elements that it opens or starts it serves events, and sends no more of
-  // them after HALT; elements that it closes or stops are done one and all.
-  bool SendElements(int row, const std::string& elements = {}, const std::string& speeds = {});
+  // of them, for motors that are switched on. True if every answer was as expected, and if the
+  // machine has nothing that the row moves. Between elements that it opens or starts it serves
+  // events, and sends no more of them after HALT; elements that it closes or stops are done one and
+  // all.
+  bool SendElements(CommandId row, const std::string& elements = {},
+                    const std::string& speeds = {});
 
   // Waits for an answer as long as `expected`, in which "*" stands for any character. 0 if it came,
   // -1 for another one, -2 for none within five seconds. The line is read empty in each case.
   int GetDoubleAnswer(const std::string& expected);
 
  private:
-  bool HasWhatItMoves(int row) const;
-  bool SendRound(int row, const std::string& piece, const std::string& speed,
+  bool HasWhatItMoves(CommandId row) const;
+  bool SendRound(CommandId row, const std::string& piece, const std::string& speed,
                  const std::string& expected);
-  bool SendEach(int row, const std::string& elements, const std::string& speeds);
+  bool SendEach(CommandId row, const std::string& elements, const std::string& speeds);
   bool AwaitCharacters(std::size_t count);
 
   CommWindow& window_;

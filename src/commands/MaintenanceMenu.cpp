@@ -4,7 +4,6 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
@@ -119,7 +118,7 @@ void MaintenanceMenu::RunAction(int option, bool another) {
 void MaintenanceMenu::ReadInputs() {
   window_.ShowPanel(state::kInputPanel);
   if (!window_.FrameOutput.Visible) window_.ShowPanel(state::kCardPanel);
-  const std::string answer = window_.Send(rows::kInputs);
+  const std::string answer = window_.Send(CommandId::ReadInputs);
   window_.CheckAnswer(answer, kGood, "");
   window_.ClearOutputs();
   window_.Work.Decoder.DecodeInputs(window_.Panels, answer);
@@ -128,7 +127,7 @@ void MaintenanceMenu::ReadInputs() {
 void MaintenanceMenu::ReadOutputs() {
   window_.ShowPanel(state::kOutputPanel);
   if (!window_.FrameOutput.Visible) window_.ShowPanel(state::kCardPanel);
-  const std::string answer = window_.Send(rows::kOutputs);
+  const std::string answer = window_.Send(CommandId::ReadOutputs);
   window_.CheckAnswer(answer, kGood, "");
   window_.ClearInputs();
   window_.Work.Decoder.DecodeOutputs(window_.Panels, answer);
@@ -136,17 +135,17 @@ void MaintenanceMenu::ReadOutputs() {
 
 void MaintenanceMenu::ReadStatus() {
   window_.ShowPanel(state::kStatusPanel);
-  const std::string answer = window_.Send(rows::kStatus);
+  const std::string answer = window_.Send(CommandId::ReadStatus);
   window_.CheckAnswer(answer, kStatusLetters, "");
   window_.Work.Decoder.DecodeStatus(window_.Panels, answer);
 }
 
 void MaintenanceMenu::MachineReset() {
-  const std::string answer = window_.SendMoving(rows::kReset, "");
+  const std::string answer = window_.SendMoving(CommandId::Reset, "");
   window_.CheckAnswer(answer, kGood, "");
   if (window_.Work.Status.LinkState <= link::kPortOpen) return;
   // The machine starts its timed processes again after a reset.
-  window_.Send(rows::kHoldTimed);
+  window_.Send(CommandId::StopTimed);
   // A machine that takes its time has had the countdown in the place of the result.
   window_.CheckAnswer(answer, kGood, "");
 }
@@ -178,13 +177,13 @@ std::optional<std::string> MaintenanceMenu::StopMachine(int option) {
     return std::nullopt;
   }
   if (option == kPurge && !window_.Flags.Closing) return std::nullopt;
-  return window_.Send(rows::kAllOff);
+  return window_.Send(CommandId::AllOff);
 }
 
 // Nothing that was switched on from here stays on. A purge that runs has its own order for that.
 std::optional<std::string> MaintenanceMenu::SwitchOffRest() {
   if (window_.On().IsEmpty() || purge_.WillSwitchOff()) return std::nullopt;
-  return window_.Send(rows::kAllOff);
+  return window_.Send(CommandId::AllOff);
 }
 
 }  // namespace tintbench::commands

@@ -5,13 +5,10 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
 namespace {
-
-constexpr int kNoRow = -1;
 
 constexpr int kElementLength = 2;
 constexpr std::size_t kSpeedLength = 3;
@@ -23,12 +20,10 @@ constexpr int kMotorDigits = 10;
 constexpr double kSpeedUnit = 100.0;
 constexpr double kWatchPause = 1.0;  // seconds
 
-bool MovesCap(int row) { return row >= rows::kCapOpen && row <= rows::kCapIntermediate; }
-
 std::string SpeedLine(const std::string& rpm) { return "Speed received [ " + rpm + " rpm ]"; }
 
-std::string NextStepHint(int row) {
-  if (MovesCap(row)) {
+std::string NextStepHint(CommandId row) {
+  if (link::MovesCap(row)) {
     return base::JoinLines(
         {"Press again the same key to:", "- enable the command for the next element"});
   }
@@ -41,19 +36,19 @@ std::string NextStepHint(int row) {
 
 struct MaintenanceWalk::Walk {
   int Option;
-  int OnRow;
-  int OffRow;  // kNoRow: nothing to switch off, and the walk goes round for ever
+  CommandId OnRow;
+  std::optional<CommandId> OffRow;  // none: nothing to switch off, and the walk goes round for ever
   config::ElementKind Elements;
 };
 
 const MaintenanceWalk::Walk* MaintenanceWalk::WalkOf(int option) {
   static constexpr std::array<Walk, 6> kWalks{{
-      {kEachValve, rows::kValvesOn, rows::kValvesOff, config::kCircuits},
-      {kOpenEachCap, rows::kCapOpen, kNoRow, config::kCaps},
-      {kCloseEachCap, rows::kCapClose, kNoRow, config::kCaps},
-      {kEachMotor, rows::kMotorOn, rows::kMotorOff, config::kMotors},
-      {kEachStirring, rows::kStirringOn, rows::kStirringOff, config::kStirrings},
-      {kCapIntermediate, rows::kCapIntermediate, kNoRow, config::kCaps},
+      {kEachValve, CommandId::ValvesOn, CommandId::ValvesOff, config::kCircuits},
+      {kOpenEachCap, CommandId::CapOpen, std::nullopt, config::kCaps},
+      {kCloseEachCap, CommandId::CapClose, std::nullopt, config::kCaps},
+      {kEachMotor, CommandId::MotorOn, CommandId::MotorOff, config::kMotors},
+      {kEachStirring, CommandId::StirringsOn, CommandId::StirringsOff, config::kStirrings},
+      {kCapIntermediate, CommandId::CapIntermediate, std::nullopt, config::kCaps},
   }};
   const auto* const found = std::find_if(
       kWalks.begin(), kWalks.end(), [option](const Walk& walk) { return walk.Option == option; });
@@ -68,15 +63,15 @@ void MaintenanceWalk::Restart() {
 bool MaintenanceWalk::Step(int option) {
   if (WalkOf(option) == nullptr) return false;
   const Walk& walk = *WalkOf(option);
-  const bool offDone = walk.OffRow == rows::kMotorOff && motorOffDone_;
-  if (walk.OffRow != kNoRow && !element_.empty() && !offDone) SwitchOff(walk.OffRow, element_);
+  const bool offDone = walk.OffRow == CommandId::MotorOff && motorOffDone_;
+  if (walk.OffRow && !element_.empty() && !offDone) SwitchOff(*walk.OffRow, element_);
   std::string next = TakeNext(walk);
   if (next.empty()) {
     Restart();
-    if (walk.OffRow == kNoRow) next = TakeNext(walk);
+    if (!walk.OffRow) next = TakeNext(walk);
   }
   if (next.empty()) return false;
-  if (walk.OnRow == rows::kMotorOn) return StepMotor(next, IsAtLast(walk));
+  if (walk.OnRow == CommandId::MotorOn) return StepMotor(next, IsAtLast(walk));
   SwitchOn(walk.OnRow, next, {});
   element_ = next;
   return false;
@@ -88,7 +83,7 @@ std::string MaintenanceWalk::TakeNext(const Walk& walk) {
   std::string element;
   do {
     element = base::GetField(++position_, list, ",");
-  } while (walk.OnRow == rows::kCapIntermediate && !element.empty() &&
+  } while (walk.OnRow == CommandId::CapIntermediate && !element.empty() &&
            base::FindField(element, facts.CapThreePositionList, ",") == 0);
   return element;
 }
@@ -108,43 +103,46 @@ bool MaintenanceWalk::StepMotor(const std::string& motor, bool last) {
     if (last) Restart();
     return false;
   }
-  if (!SwitchOn(rows::kMotorOn, motor, *speed)) return false;
+  if (!SwitchOn(CommandId::MotorOn, motor, *speed)) return false;
   if (MotorSpeedWatch(motor)) {
     motorOffDone_ = true;
     return false;
   }
   if (!last) return true;
-  SwitchOff(rows::kMotorOff, motor);
+  SwitchOff(CommandId::MotorOff, motor);
   Restart();
   return false;
 }
 
-void MaintenanceWalk::SwitchOff(int row, const std::string& element) {
+void MaintenanceWalk::SwitchOff(CommandId row, const std::string& element) {
   window_.ShowReport(window_.Description(row) + kLineEnd + kLineEnd + element + " -> ");
   const bool good = CheckEcho(window_.Send(row, element), element, row);
   window_.AddToReport(good ? "Success !" : "Failure !");
 }
 
-bool MaintenanceWalk::SwitchOn(int row, const std::string& element, const std::string& speed) {
+bool MaintenanceWalk::SwitchOn(CommandId row, const std::string& element,
+                               const std::string& speed) {
   const std::string argument = element + speed;
-  const std::string shownSpeed = row == rows::kMotorOn ? " (Speed=" + speed + ")" : std::string();
+  const std::string shownSpeed =
+      row == CommandId::MotorOn ? " (Speed=" + speed + ")" : std::string();
   window_.ShowReport(window_.Description(row) + kLineEnd + kLineEnd + element + shownSpeed +
                      " -> ");
   const std::string answer =
-      MovesCap(row) ? window_.SendMoving(row, argument) : window_.Send(row, argument);
+      link::MovesCap(row) ? window_.SendMoving(row, argument) : window_.Send(row, argument);
   const bool good = CheckEcho(answer, argument, row);
   window_.AddToReport((good ? "Success !" : "Failure !") + Framed(NextStepHint(row)));
   return good;
 }
 
 // The machine repeats the element, and says of a cap whether it has moved.
-bool MaintenanceWalk::CheckEcho(const std::string& answer, const std::string& argument, int row) {
+bool MaintenanceWalk::CheckEcho(const std::string& answer, const std::string& argument,
+                                CommandId row) {
   const std::string told = base::Trim(answer) + std::string(kElementLength + 2, ' ');
   if (told.substr(0, kElementLength + 1) != "A" + base::Left(argument, kElementLength)) {
     window_.ShowStatusLine(kRefused);
     return false;
   }
-  const bool good = !MovesCap(row) || told[kElementLength + 1] == 'K';
+  const bool good = !link::MovesCap(row) || told[kElementLength + 1] == 'K';
   window_.ShowStatusLine(std::string(kAccepted) + kLineEnd + (good ? kSuccess : kFail));
   return good;
 }
@@ -152,7 +150,7 @@ bool MaintenanceWalk::CheckEcho(const std::string& answer, const std::string& ar
 std::optional<std::string> MaintenanceWalk::SpeedPrompt(const std::string& motor) {
   ui::Question question{
       .Prompt = "Input 3 decimal characters for the speed of motor " + base::Bracketed(motor),
-      .Title = window_.Description(rows::kMotorOn),
+      .Title = window_.Description(CommandId::MotorOn),
       .Default = lastSpeed_};
   while (true) {
     const std::string reply = window_.Ask(question).value_or("");
@@ -173,7 +171,7 @@ bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
   std::string line = SpeedLine("0");
   window_.ShowReport(before + line);
   while (!window_.AbortableWait(kWatchPause, Wish::Finish) && window_.Work.Port.PortOpen()) {
-    const std::string answer = window_.Send(rows::kMotorSpeed, motor);
+    const std::string answer = window_.Send(CommandId::MotorSpeed, motor);
     const bool good = base::Left(answer, 1) == "A";
     if (good) {
       const std::string digits = base::Mid(answer, kSpeedPosition, kMotorDigits);

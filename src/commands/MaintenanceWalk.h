@@ -30,9 +30,9 @@ class MaintenanceWalk {
   bool IsAtLast(const Walk& walk) const;
   bool StepMotor(const std::string& motor, bool last);
 
-  void SwitchOff(int row, const std::string& element);
-  bool SwitchOn(int row, const std::string& element, const std::string& speed);
-  bool CheckEcho(const std::string& answer, const std::string& argument, int row);
+  void SwitchOff(CommandId row, const std::string& element);
+  bool SwitchOn(CommandId row, const std::string& element, const std::string& speed);
+  bool CheckEcho(const std::string& answer, const std::string& argument, CommandId row);
   std::optional<std::string> SpeedPrompt(const std::string& motor);
   // True if it was halted, if the window closes, or if the line is lost.
   bool MotorSpeedWatch(const std::string& motor);

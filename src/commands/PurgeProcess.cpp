@@ -5,7 +5,6 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
@@ -172,10 +171,10 @@ bool PurgeProcess::Start(const Batch& batch) {
   // From here on the operator can end the purge, and nothing else.
   window_.Options.AllowOnly("13,", "");
   StopToken batchRuns(window_.Running);
-  const Step steps[] = {{rows::kCapOpen, batch.Caps, kAfterCaps},
-                        {rows::kVerify, "", 0},
-                        {rows::kValvesOn, batch.Circuits, kAfterValves},
-                        {rows::kMotorOn, batch.Motors, kAfterMotors, batch.Speeds}};
+  const Step steps[] = {{CommandId::CapOpen, batch.Caps, kAfterCaps},
+                        {CommandId::VerifyDispensing, "", 0},
+                        {CommandId::ValvesOn, batch.Circuits, kAfterValves},
+                        {CommandId::MotorOn, batch.Motors, kAfterMotors, batch.Speeds}};
   for (const Step& step : steps) {
     if (window_.IsStopped()) return true;
     if (!sender_.SendElements(step.Row, step.Elements, step.Speeds)) return false;
@@ -186,9 +185,9 @@ bool PurgeProcess::Start(const Batch& batch) {
 
 // Serves no events: nothing may come between the motors' end and the closing of the caps.
 bool PurgeProcess::End(const Batch& batch) {
-  const Step steps[] = {{rows::kMotorOff, batch.Motors, kAfterValves},
-                        {rows::kValvesOff, batch.Circuits, kAfterCaps},
-                        {rows::kCapClose, batch.Caps, 0}};
+  const Step steps[] = {{CommandId::MotorOff, batch.Motors, kAfterValves},
+                        {CommandId::ValvesOff, batch.Circuits, kAfterCaps},
+                        {CommandId::CapClose, batch.Caps, 0}};
   return std::all_of(std::begin(steps), std::end(steps), [this](const Step& step) {
     if (!sender_.SendElements(step.Row, step.Elements)) return false;
     window_.Work.Screen.Time().Sleep(step.Pause);
@@ -223,14 +222,14 @@ bool PurgeProcess::PurgeWatch() {
 // True too if the operator ended it in one of the waits.
 bool PurgeProcess::WatchRound() {
   if (window_.AbortableWait(kBeforeVerify, Wish::Finish)) return true;
-  if (!sender_.SendElements(rows::kVerify)) return false;
+  if (!sender_.SendElements(CommandId::VerifyDispensing)) return false;
   if (window_.AbortableWait(kBeforeStatus, Wish::Finish)) return true;
   return CheckMachineErrors();
 }
 
 bool PurgeProcess::CheckMachineErrors() {
-  if (window_.Work.Decoder.StatusErrorCount(window_.Send(rows::kStatus)) == 0) return true;
-  window_.AddToReport(window_.Description(rows::kInputs) + " ... " +
+  if (window_.Work.Decoder.StatusErrorCount(window_.Send(CommandId::ReadStatus)) == 0) return true;
+  window_.AddToReport(window_.Description(CommandId::ReadInputs) + " ... " +
                       Lines({"Failure ! Error condition(s) found on the machine!", "",
                              "Please:", "1) wait for the process end,", "2) exit from this menu,",
                              "3) check machine error condition(s)"}));

@@ -42,7 +42,7 @@ class PurgeProcess {
   };
   // One command of the starting or ending sequence, and the wait behind it in seconds.
   struct Step {
-    int Row;
+    CommandId Row;
     std::string Elements;
     double Pause;
     std::string Speeds = {};

@@ -4,7 +4,6 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
@@ -39,7 +38,7 @@ std::string CanRequest(bool withShelf) {
 
 }  // namespace
 
-void ShelfAndValves::ShelfMotion(int row, const std::string& answer) {
+void ShelfAndValves::ShelfMotion(CommandId row, const std::string& answer) {
   if (!IsAccepted(answer)) return;
   for (Way* way : {&up_, &down_}) {
     if (way->Row != row) continue;
@@ -51,7 +50,7 @@ void ShelfAndValves::ShelfMotion(int row, const std::string& answer) {
 void ShelfAndValves::MoveShelf(const Way& wanted, const Way& opposite) {
   if (!window_.Work.Facts.HasShelf) return;
   const bool stops = opposite.Moving && Now() - opposite.Since < kGuardSeconds;
-  const int row = (stops ? opposite : wanted).Row;
+  const CommandId row = (stops ? opposite : wanted).Row;
   window_.ShowReportFrame();
   window_.ShowReport(base::JoinLines({window_.Description(row), "", kHaltHint, "THE SHELF"}));
   const std::string answer = window_.Send(row);
@@ -62,7 +61,7 @@ void ShelfAndValves::MoveShelf(const Way& wanted, const Way& opposite) {
 bool ShelfAndValves::CanPhotocellObscured(std::size_t place) {
   constexpr std::size_t kAnswerLength = 9;
   constexpr std::size_t kDigits = 5;
-  const std::string answer = window_.Send(rows::kInputs);
+  const std::string answer = window_.Send(CommandId::ReadInputs);
   if (answer.size() != kAnswerLength || !IsAccepted(answer)) return false;
   return base::HexToBinary(answer.substr(kAnswerLength - kDigits))[place] == '0';
 }
@@ -141,7 +140,7 @@ int ShelfAndValves::TellCanMissing(int code) {
 }
 
 bool ShelfAndValves::CheckPurgeConditions() {
-  return sender_.SendElements(rows::kAllOff) && !window_.Flags.Closing &&
+  return sender_.SendElements(CommandId::AllOff) && !window_.Flags.Closing &&
          ShelfonCompletelyWithCan() > 0;
 }
 
@@ -149,8 +148,8 @@ void ShelfAndValves::AutomaticPunching() {
   window_.ShowReportFrame();
   window_.ShowReport("");
   if (!CheckPurgeConditions()) return;
-  window_.ShowReport(window_.Description(rows::kPunch));
-  window_.CheckAnswer(window_.Send(rows::kPunch), "A", "");
+  window_.ShowReport(window_.Description(CommandId::Punch));
+  window_.CheckAnswer(window_.Send(CommandId::Punch), "A", "");
 }
 
 bool ShelfAndValves::MayTestValves(int circuits) {
@@ -177,10 +176,10 @@ void ShelfAndValves::ValveTest() {
   window_.ShowReportFrame();
   window_.ShowReport("");
   if (!CheckPurgeConditions()) return;
-  if (!window_.CheckAnswer(window_.Send(rows::kValveTest), "A", "")) return;
+  if (!window_.CheckAnswer(window_.Send(CommandId::ValveTest), "A", "")) return;
   const int seconds = facts.ValveTestTime * circuits;
   window_.ShowReport(base::JoinLines(
-      {window_.Description(rows::kValveTest), "",
+      {window_.Description(CommandId::ValveTest), "",
        "[ expected process time = " + base::PlainNumber(seconds) + " sec. ]", "", kHaltHint}));
   window_.Options.AllowOnly("0,1,2,", "0");
   window_.Flags.Idle = true;  // inputs, outputs and status may be read meanwhile
@@ -189,7 +188,7 @@ void ShelfAndValves::ValveTest() {
 
 void ShelfAndValves::AwaitValveTestEnd() {
   while (!window_.AbortableWait(kTestLookEvery)) {
-    if (window_.Send(rows::kStatus).substr(0, 1) == "B") continue;
+    if (window_.Send(CommandId::ReadStatus).substr(0, 1) == "B") continue;
     window_.Options.UnlockOptions();
     return;
   }

@@ -6,7 +6,6 @@
 
 #include "commands/CommWindow.h"
 #include "commands/ElementSender.h"
-#include "commands/RowNumbers.h"
 
 namespace tintbench::commands {
 
@@ -16,7 +15,7 @@ class ShelfAndValves {
 
   // Books a move of the shelf that the machine has accepted: row 25 up, row 26 down. The machine
   // takes the same command a second time as a stop.
-  void ShelfMotion(int row, const std::string& answer);
+  void ShelfMotion(CommandId row, const std::string& answer);
   bool IsMovingUp() const { return up_.Moving; }
   bool IsMovingDown() const { return down_.Moving; }
 
@@ -37,7 +36,7 @@ class ShelfAndValves {
  private:
   // One of the shelf's two ways.
   struct Way {
-    int Row = 0;
+    CommandId Row;
     bool Moving = false;
     double Since = 0;  // on the program's clock
   };
@@ -55,8 +54,8 @@ class ShelfAndValves {
   CommWindow& window_;
   ElementSender& sender_;
   bool shelfWaitActive_ = false;  // the shelf is moved for the can
-  Way up_{rows::kShelfUp};
-  Way down_{rows::kShelfDown};
+  Way up_{CommandId::ShelfUp};
+  Way down_{CommandId::ShelfDown};
 };
 
 }  // namespace tintbench::commands

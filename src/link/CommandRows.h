@@ -1,20 +1,45 @@
-// What the command table starts with: each command's texts, answer length and time-out by row.
+// What the command table starts with, row by row: each command's texts, what its argument and its
+// answer must be like, how long it may take, and which panels wait for it.
 #pragma once
 
 #include <array>
+#include <span>
 #include <string_view>
+
+#include "link/CommandId.h"
+#include "state/SensorPanels.h"
 
 namespace tintbench::link {
 
 // The lines of one question; empty ones at the end don't count.
 using PromptLines = std::array<std::string_view, 7>;
 
+enum class Rest { Nothing, Numeric, Hexadecimal };
+
+inline constexpr int kAnyLength = -2;
+inline constexpr int kEvenLength = -1;
+
+// What an argument must be like: its length, which letters its first character may be (any if
+// there are none), and of what kind all the rest is.
+struct ArgumentRule {
+  int Length = kAnyLength;  // which takes any text
+  std::string_view First = {};
+  Rest Kind = Rest::Numeric;
+};
+
+// Where the configuration may have a time of its own for a command.
+enum class ConfiguredTime { None, Cap, Reset };
+
 struct CommandText {
+  CommandId Id;
   std::string_view Description;
   std::string_view Command;
-  PromptLines Prompt;
   int AnswerLength;
   float TimeoutSeconds;
+  PromptLines Prompt = {};
+  ArgumentRule Argument = {};
+  std::span<const state::Panel> Countdown = {};
+  ConfiguredTime Time = ConfiguredTime::None;
 };
 
 // clang-format off
@@ -25,6 +50,16 @@ inline constexpr std::string_view kTimeLine = "'T'(=machine-time) or ";
 inline constexpr std::string_view kShelfLine = "'S'(=shelf-cycles) or ";
 inline constexpr std::string_view kPunchingLine = "'F'(=punching-cycles) or ";
 inline constexpr std::string_view kAutocapLine = "'E'(=autocap-cycles) or ";
+
+inline constexpr ArgumentRule kPairsOfDigits{kEvenLength};
+inline constexpr std::string_view kDataTypes = "BW";
+inline constexpr std::string_view kDevices = "AMCBP";
+inline constexpr std::string_view kProcesses = "TSFED";
+
+inline constexpr std::array kInputAnswer{state::kInputPanel};
+inline constexpr std::array kOutputAnswer{state::kOutputPanel};
+inline constexpr std::array kBothAnswers{state::kInputPanel, state::kOutputPanel};
+inline constexpr std::array kStatusAnswer{state::kStatusPanel};
 
 inline constexpr PromptLines kGroupsPrompt{"Input N groups of 2 decimal characters"};
 inline constexpr PromptLines kCapPrompt{"Input 2 decimal characters for the wished cap"};
@@ -97,57 +132,57 @@ inline constexpr PromptLines kWriteProcessPrompt{
     "10 decimal characters for the corresponding value",
 };
 
-inline constexpr std::array<CommandText, 50> kCommands{{
-    /*  0 */ {"Read input sensors",               "#ir*",   {}, 9, 5},
-    /*  1 */ {"Read output sensors",              "#ur*",   {}, 5, 5},
-    /*  2 */ {"Read input/output sensors",        "#iu*",   {}, 13, 5},
-    /*  3 */ {"Status request",                   "#s*",    {}, 0, 5},
-    /*  4 */ {"H-bridges status",                 "#up*",   {}, 7, 5},
-    /*  5 */ {"Set output sensors",               "#uw *",  {"Input 4 hexadecimal characters"}, 2, 5},
-    /*  6 */ {"Verify sensors for dispensing",    "#ns*",   {}, 2, 5},
-    /*  7 */ {"Firmware version",                 "#jf*",   {}, 7, 5},
-    /*  8 */ {"Platform version",                 "#jp*",   {}, 21, 5},
-    /*  9 */ {"Status of Autotest",               "#xa*",   {}, 0, 5},
-    /* 10 */ {"Group X-Function enable/disable",  "#ix *",  kFunctionPrompt, 1, 5},
-    /* 11 */ {"Read group input",                 "#ig *",  kGroupInputPrompt, 10, 5},
-    /* 12 */ {"Stop timed processes",             "#pb*",   {}, 1, 5},
-    /* 13 */ {"Restart timed processes",          "#pr*",   {}, 1, 5},
-    /* 14 */ {"Stop master serial process",       "#pm*",   {}, 1, 5},
-    /* 15 */ {"Restart master serial process",    "#ps*",   {}, 1, 5},
-    /* 16 */ {"Return service in aux serial",     "#py*",   {}, 1, 5},
-    /* 17 */ {"Electrovalve(s) enable",           "#a *",   kGroupsPrompt, -1, 5},
-    /* 18 */ {"Electrovalve(s) disable",          "#g *",   kGroupsPrompt, -1, 5},
-    /* 19 */ {"Stirring action(s) enable",        "#b *",   kGroupsPrompt, -1, 5},
-    /* 20 */ {"Stirring action(s) disable",       "#m *",   kGroupsPrompt, -1, 5},
-    /* 21 */ {"Cap open",                         "#do *",  kCapPrompt, 4, 15},
-    /* 22 */ {"Cap close",                        "#dc *",  kCapPrompt, 4, 15},
-    /* 23 */ {"Cap intermediate position",        "#dm *",  kCapPrompt, 4, 15},
-    /* 24 */ {"Automatic Punching",               "#ez*",   {}, 1, 5},
-    /* 25 */ {"Shelf UP and stop high",           "#eu*",   {}, 1, 10},
-    /* 26 */ {"Shelf DOWN and stop low",          "#ed*",   {}, 1, 10},
-    /* 27 */ {"Shelf position",                   "#ep*",   {}, 5, 5},
-    /* 28 */ {"Motor ON",                         "#f *",   kMotorOnPrompt, 3, 5},
-    /* 29 */ {"Motor OFF",                        "#l *",   kMotorPrompt, 3, 5},
-    /* 30 */ {"Zero-pump-time / rpm*100",         "#o *",   kMotorPrompt, 21, 5},
-    /* 31 */ {"Off electrov.,stirrings,motor",    "#z*",    {}, 1, 5},
-    /* 32 */ {"Electrovalves test",               "#v*",    {}, 1, 5},
-    /* 33 */ {"Machine reset",                    "#h*",    {}, 2, 10},
-    /* 34 */ {"SPI disable",                      "#nd*",   {}, 1, 5},
-    /* 35 */ {"SPI enable",                       "#na*",   {}, 1, 5},
-    /* 36 */ {"Auto-configuration",               "#ja*",   {}, 1, 5},
-    /* 37 */ {"Read at memory address",           "#r *",   kReadMemoryPrompt, 5, 5},
-    /* 38 */ {"Write at memory address",          "#w *",   kWriteMemoryPrompt, 2, 5},
-    /* 39 */ {"Create qsmtranram-mask",           "#nm *",  kGroupsPrompt, 0, 10},
-    /* 40 */ {"Clear qsmtranram",                 "#np*",   {}, 1, 5},
-    /* 41 */ {"Read PWM freq./duty-cycle",        "#tr *",  {"Input 2 decimal characters for the PWM channel"}, 9, 5},
-    /* 42 */ {"Write PWM freq./duty-cycle",       "#tw *",  kPwmPrompt, 2, 5},
-    /* 43 */ {"Read stat. data1 (motors,...)",    "#kr *",  kReadDevicePrompt, 23, 5},
-    /* 44 */ {"Write stat. data1 (motors,...)",   "#kt *",  kWriteDevicePrompt, 1, 5},
-    /* 45 */ {"Read stat. data2 (cycles,...)",    "#kr *",  kReadProcessPrompt, 11, 5},
-    /* 46 */ {"Read stat. data1 (motors,...)",    "#kv *",  kReadAllDevicesPrompt, 0, 20},
-    /* 47 */ {"Write stat. data2 (cycles,...)",   "#kt *",  kWriteProcessPrompt, 1, 5},
-    /* 48 */ {"Write stat. data in flash",        "#km*",   {}, 1, 5},
-    /* 49 */ {"Custom command",                   " ",      {"Input the full wished string"}, 0, 10},
+inline constexpr std::array<CommandText, kCommandRows> kCommands{{
+    {CommandId::ReadInputs,           "Read input sensors",               "#ir*",  9,  5, {}, {}, kInputAnswer},
+    {CommandId::ReadOutputs,          "Read output sensors",              "#ur*",  5,  5, {}, {}, kOutputAnswer},
+    {CommandId::ReadInputsAndOutputs, "Read input/output sensors",        "#iu*",  13, 5, {}, {}, kBothAnswers},
+    {CommandId::ReadStatus,           "Status request",                   "#s*",   0,  5, {}, {}, kStatusAnswer},
+    {CommandId::ReadBridges,          "H-bridges status",                 "#up*",  7,  5},
+    {CommandId::SetOutputs,           "Set output sensors",               "#uw *", 2,  5, {"Input 4 hexadecimal characters"}, {4, "", Rest::Hexadecimal}},
+    {CommandId::VerifyDispensing,     "Verify sensors for dispensing",    "#ns*",  2,  5},
+    {CommandId::FirmwareVersion,      "Firmware version",                 "#jf*",  7,  5},
+    {CommandId::PlatformVersion,      "Platform version",                 "#jp*",  21, 5},
+    {CommandId::ReadAutotest,         "Status of Autotest",               "#xa*",  0,  5},
+    {CommandId::GroupFunction,        "Group X-Function enable/disable",  "#ix *", 1,  5, kFunctionPrompt},
+    {CommandId::ReadGroupInput,       "Read group input",                 "#ig *", 10, 5, kGroupInputPrompt},
+    {CommandId::StopTimed,            "Stop timed processes",             "#pb*",  1,  5},
+    {CommandId::RestartTimed,         "Restart timed processes",          "#pr*",  1,  5},
+    {CommandId::StopMaster,           "Stop master serial process",       "#pm*",  1,  5},
+    {CommandId::RestartMaster,        "Restart master serial process",    "#ps*",  1,  5},
+    {CommandId::ReturnService,        "Return service in aux serial",     "#py*",  1,  5},
+    {CommandId::ValvesOn,             "Electrovalve(s) enable",           "#a *",  -1, 5, kGroupsPrompt, kPairsOfDigits},
+    {CommandId::ValvesOff,            "Electrovalve(s) disable",          "#g *",  -1, 5, kGroupsPrompt, kPairsOfDigits},
+    {CommandId::StirringsOn,          "Stirring action(s) enable",        "#b *",  -1, 5, kGroupsPrompt, kPairsOfDigits},
+    {CommandId::StirringsOff,         "Stirring action(s) disable",       "#m *",  -1, 5, kGroupsPrompt, kPairsOfDigits},
+    {CommandId::CapOpen,              "Cap open",                         "#do *", 4,  15, kCapPrompt, {2}, {}, ConfiguredTime::Cap},
+    {CommandId::CapClose,             "Cap close",                        "#dc *", 4,  15, kCapPrompt, {2}, {}, ConfiguredTime::Cap},
+    {CommandId::CapIntermediate,      "Cap intermediate position",        "#dm *", 4,  15, kCapPrompt, {}, {}, ConfiguredTime::Cap},
+    {CommandId::Punch,                "Automatic Punching",               "#ez*",  1,  5},
+    {CommandId::ShelfUp,              "Shelf UP and stop high",           "#eu*",  1,  10},
+    {CommandId::ShelfDown,            "Shelf DOWN and stop low",          "#ed*",  1,  10},
+    {CommandId::ShelfPosition,        "Shelf position",                   "#ep*",  5,  5},
+    {CommandId::MotorOn,              "Motor ON",                         "#f *",  3,  5, kMotorOnPrompt, {5}},
+    {CommandId::MotorOff,             "Motor OFF",                        "#l *",  3,  5, kMotorPrompt, {2}},
+    {CommandId::MotorSpeed,           "Zero-pump-time / rpm*100",         "#o *",  21, 5, kMotorPrompt, {2}},
+    {CommandId::AllOff,               "Off electrov.,stirrings,motor",    "#z*",   1,  5},
+    {CommandId::ValveTest,            "Electrovalves test",               "#v*",   1,  5},
+    {CommandId::Reset,                "Machine reset",                    "#h*",   2,  10, {}, {}, {}, ConfiguredTime::Reset},
+    {CommandId::SpiOff,               "SPI disable",                      "#nd*",  1,  5},
+    {CommandId::SpiOn,                "SPI enable",                       "#na*",  1,  5},
+    {CommandId::AutoConfiguration,    "Auto-configuration",               "#ja*",  1,  5},
+    {CommandId::ReadMemory,           "Read at memory address",           "#r *",  5,  5, kReadMemoryPrompt, {9, kDataTypes, Rest::Hexadecimal}},
+    {CommandId::WriteMemory,          "Write at memory address",          "#w *",  2,  5, kWriteMemoryPrompt, {13, kDataTypes, Rest::Hexadecimal}},
+    {CommandId::CreateMask,           "Create qsmtranram-mask",           "#nm *", 0,  10, kGroupsPrompt, kPairsOfDigits},
+    {CommandId::ClearMask,            "Clear qsmtranram",                 "#np*",  1,  5},
+    {CommandId::ReadPwm,              "Read PWM freq./duty-cycle",        "#tr *", 9,  5, {"Input 2 decimal characters for the PWM channel"}, {2}},
+    {CommandId::WritePwm,             "Write PWM freq./duty-cycle",       "#tw *", 2,  5, kPwmPrompt, {10}},
+    {CommandId::ReadDevice,           "Read stat. data1 (motors,...)",    "#kr *", 23, 5, kReadDevicePrompt, {3, kDevices}},
+    {CommandId::WriteDevice,          "Write stat. data1 (motors,...)",   "#kt *", 1,  5, kWriteDevicePrompt, {23, kDevices}},
+    {CommandId::ReadProcess,          "Read stat. data2 (cycles,...)",    "#kr *", 11, 5, kReadProcessPrompt, {1, kProcesses, Rest::Nothing}},
+    {CommandId::ReadDevices,          "Read stat. data1 (motors,...)",    "#kv *", 0,  20, kReadAllDevicesPrompt},
+    {CommandId::WriteProcess,         "Write stat. data2 (cycles,...)",   "#kt *", 1,  5, kWriteProcessPrompt, {11, kProcesses}},
+    {CommandId::StoreCounts,          "Write stat. data in flash",        "#km*",  1,  5},
+    {CommandId::Custom,               "Custom command",                   " ",     0,  10, {"Input the full wished string"}},
 }};
 // clang-format on
 

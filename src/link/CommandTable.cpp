@@ -13,76 +13,45 @@ namespace tintbench::link {
 
 namespace {
 
-constexpr int kCapOpen = 21;
-constexpr int kCapIntermediate = 23;
-constexpr int kMachineReset = 33;
 constexpr double kTimeoutMargin = 1.2;
 
-std::size_t CheckedRow(int row) {
-  if (row < 0 || row >= kCommandRows) {
-    std::fprintf(stderr, "tintbench: there is no command row %d\n", row);
+constexpr bool AreInOrder() {
+  for (std::size_t row = 0; row < kCommands.size(); ++row) {
+    if (kCommands[row].Id != CommandId{static_cast<int>(row)}) return false;
+  }
+  return true;
+}
+static_assert(AreInOrder(), "each row of the command table stands at its own number");
+
+std::size_t CheckedRow(CommandId row) {
+  if (NumberOf(row) < 0 || NumberOf(row) >= kCommandRows) {
+    std::fprintf(stderr, "tintbench: there is no command row %d\n", NumberOf(row));
     std::abort();
   }
   return static_cast<std::size_t>(row);
 }
+
+const CommandText& TextOf(CommandId row) { return kCommands[CheckedRow(row)]; }
 
 std::string PromptText(const PromptLines& lines) {
   const auto end = std::find(lines.begin(), lines.end(), std::string_view());
   return base::Join({lines.begin(), end}, base::kCrLf);
 }
 
-enum class Rest { kNothing, kNumeric, kHexadecimal };
-
-constexpr int kEvenLength = -1;
-
-// What an argument must be like: its length, which letters its first character may be (any if
-// there are none), and of what kind all the rest is.
-struct ArgumentRule {
-  int Row;
-  int Length;
-  std::string_view First;
-  Rest Kind;
-};
-
-constexpr std::string_view kDataTypes = "BW";
-constexpr std::string_view kDevices = "AMCBP";
-constexpr std::string_view kProcesses = "TSFED";
-
-constexpr ArgumentRule kArgumentRules[] = {
-    {5, 4, "", Rest::kHexadecimal},
-    {17, kEvenLength, "", Rest::kNumeric},
-    {18, kEvenLength, "", Rest::kNumeric},
-    {19, kEvenLength, "", Rest::kNumeric},
-    {20, kEvenLength, "", Rest::kNumeric},
-    {21, 2, "", Rest::kNumeric},
-    {22, 2, "", Rest::kNumeric},
-    {28, 5, "", Rest::kNumeric},
-    {29, 2, "", Rest::kNumeric},
-    {30, 2, "", Rest::kNumeric},
-    {37, 9, kDataTypes, Rest::kHexadecimal},
-    {38, 13, kDataTypes, Rest::kHexadecimal},
-    {39, kEvenLength, "", Rest::kNumeric},
-    {41, 2, "", Rest::kNumeric},
-    {42, 10, "", Rest::kNumeric},
-    {43, 3, kDevices, Rest::kNumeric},
-    {44, 23, kDevices, Rest::kNumeric},
-    {45, 1, kProcesses, Rest::kNothing},
-    {47, 11, kProcesses, Rest::kNumeric},
-};
-
 bool IsOfKind(Rest kind, std::string_view text) {
   switch (kind) {
-    case Rest::kNumeric:
+    case Rest::Numeric:
       return base::IsNumeric(text);
-    case Rest::kHexadecimal:
+    case Rest::Hexadecimal:
       return base::IsHexadecimal(text);
-    case Rest::kNothing:
+    case Rest::Nothing:
       break;
   }
   return text.empty();
 }
 
 bool Fits(const ArgumentRule& rule, std::string_view argument) {
+  if (rule.Length == kAnyLength) return true;
   const bool fits = rule.Length == kEvenLength
                         ? argument.size() % 2 == 0
                         : argument.size() == static_cast<std::size_t>(rule.Length);
@@ -102,18 +71,19 @@ CommandTable::CommandTable() {
   });
 }
 
-CommandRow& CommandTable::Row(int row) { return rows_[CheckedRow(row)]; }
+CommandRow& CommandTable::Row(CommandId row) { return rows_[CheckedRow(row)]; }
 
-const CommandRow& CommandTable::Row(int row) const { return rows_[CheckedRow(row)]; }
+const CommandRow& CommandTable::Row(CommandId row) const { return rows_[CheckedRow(row)]; }
 
-float CommandTable::CommandTimeout(std::string_view argument, int row,
+float CommandTable::CommandTimeout(std::string_view argument, CommandId row,
                                    const config::MachineFacts& facts, DebugLog& log) const {
   double seconds = static_cast<double>(Row(row).TimeoutSeconds);
   double configured = 0;
-  if (row >= kCapOpen && row <= kCapIntermediate) {
+  const ConfiguredTime source = TextOf(row).Time;
+  if (source == ConfiguredTime::Cap) {
     const int place = base::FindField(argument, facts.ElementLists[config::kCaps], ",");
     configured = base::LeadingNumber(base::GetField(place, facts.CapTimeList, ","));
-  } else if (row == kMachineReset) {
+  } else if (source == ConfiguredTime::Reset) {
     configured = facts.ResetTimeout;
   }
   if (configured > 0) seconds = std::min(configured, kLongestConfiguredTime);
@@ -136,14 +106,17 @@ std::size_t ExpectedAnswerLength(const CommandRow& row) {
   return row.Command.size() - std::min(row.Command.size(), kFrame);
 }
 
-bool ValidateArgument(int row, std::string_view argument) {
-  for (const ArgumentRule& rule : kArgumentRules) {
-    if (rule.Row == row) return Fits(rule, argument);
-  }
-  return true;
+bool ValidateArgument(CommandId row, std::string_view argument) {
+  return Fits(TextOf(row).Argument, argument);
 }
 
-CommandCall::CommandCall(CommandTable& table, int row, std::string_view argument)
+std::span<const state::Panel> CountdownPanels(CommandId row) { return TextOf(row).Countdown; }
+
+bool MovesCap(CommandId row) { return TextOf(row).Time == ConfiguredTime::Cap; }
+
+bool HasConfiguredTime(CommandId row) { return TextOf(row).Time != ConfiguredTime::None; }
+
+CommandCall::CommandCall(CommandTable& table, CommandId row, std::string_view argument)
     : row_(table.Row(row)), before_(row_) {
   row_.Command = FinishCommand(before_.Command, argument);
 }

@@ -1,18 +1,19 @@
-// The machine's whole vocabulary of single commands: fifty rows, known to all screens by their
-// numbers, with how an argument gets into a command and what answer is due.
+// The machine's whole vocabulary of single commands: fifty rows, with how an argument gets into a
+// command and what answer is due.
 #pragma once
 
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "config/MachineFacts.h"
+#include "link/CommandId.h"
 #include "link/DebugLog.h"
+#include "state/SensorPanels.h"
 
 namespace tintbench::link {
-
-inline constexpr int kCommandRows = 50;
 
 // Longer than any sound machine moves for one command, in seconds: a file may say anything.
 inline constexpr double kLongestConfiguredTime = 600;
@@ -37,15 +38,15 @@ class CommandTable {
  public:
   CommandTable();
 
-  // The row of that number. A number outside 0 to 49 is a fault of the program and ends it.
-  CommandRow& Row(int row);
-  const CommandRow& Row(int row) const;
+  // A row that doesn't exist is a fault of the program and ends it.
+  CommandRow& Row(CommandId row);
+  const CommandRow& Row(CommandId row) const;
 
-  // Seconds to wait for the answer of a command that moves something: for the rows 21 to 23 the
-  // time of the cap that the argument names, for row 33 the machine's reset time, where the
-  // configuration gives one, otherwise the row's own; and a fifth more. A configured time counts up
+  // Seconds to wait for the answer of a command that moves something: for caps the time of the one
+  // that the argument names, for a reset that of the machine, where the configuration gives one,
+  // otherwise the row's own; and a fifth more. A configured time counts up
   // to kLongestConfiguredTime, and what is above it is noted in `log`.
-  float CommandTimeout(std::string_view argument, int row, const config::MachineFacts& facts,
+  float CommandTimeout(std::string_view argument, CommandId row, const config::MachineFacts& facts,
                        DebugLog& log) const;
 
  private:
@@ -60,13 +61,20 @@ std::string FinishCommand(std::string_view commandTemplate, std::string_view arg
 std::size_t ExpectedAnswerLength(const CommandRow& row);
 
 // True if the operator's argument fits the row. Rows without a rule take any text.
-bool ValidateArgument(int row, std::string_view argument);
+bool ValidateArgument(CommandId row, std::string_view argument);
+
+// The panels that the row's answer is for.
+std::span<const state::Panel> CountdownPanels(CommandId row);
+
+// True if the row moves a cap, and true if its time-out comes from CommandTimeout.
+bool MovesCap(CommandId row);
+bool HasConfiguredTime(CommandId row);
 
 // Holds a row with a finished command for as long as it lives; then the row is what it was before,
 // its template, answer length and time-out included.
 class CommandCall {
  public:
-  CommandCall(CommandTable& table, int row, std::string_view argument);
+  CommandCall(CommandTable& table, CommandId row, std::string_view argument);
   ~CommandCall();
   CommandCall(const CommandCall&) = delete;
   CommandCall& operator=(const CommandCall&) = delete;

@@ -13,7 +13,6 @@ namespace tintbench::link {
 namespace {
 
 constexpr const char* kDisconnect = "-1";
-constexpr int kFirmwareVersionRow = 7;
 // The version stands behind the "A" and three characters.
 constexpr int kVersionPosition = 5;
 // Firmware up to this one has no configuration reading, or answers it with nothing useful.
@@ -163,7 +162,8 @@ bool LinkUp::StartMasterService(const std::string& port) {
 }
 
 bool LinkUp::ReadMachineVersion() {
-  const std::string answer = parts_.Commands.SendCommand(parts_.View.Line(), kFirmwareVersionRow);
+  const std::string answer =
+      parts_.Commands.SendCommand(parts_.View.Line(), CommandId::FirmwareVersion);
   if (base::ToUpper(base::Left(answer, 1)) != "A") return false;
   parts_.Status.FirmwareVersion = base::Mid(answer, kVersionPosition);
   return true;

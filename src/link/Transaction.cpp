@@ -1,8 +1,6 @@
 #include "link/Transaction.h"
 
-#include <array>
 #include <cmath>
-#include <span>
 
 #include "base/Text.h"
 
@@ -17,28 +15,9 @@ constexpr double kQuietWait = 0.05;
 // Above every time-out, so that the first round shows its seconds.
 constexpr int kNothingShown = 30000;
 
-// The panels that the answer to a row is for.
-std::span<const state::Panel> PanelsOf(int row) {
-  static constexpr std::array kBoth{state::kInputPanel, state::kOutputPanel};
-  static constexpr std::array kStatus{state::kStatusPanel};
-  const std::span<const state::Panel> both(kBoth);
-  switch (row) {
-    case 0:
-      return both.first(1);
-    case 1:
-      return both.last(1);
-    case 2:
-      return both;
-    case 3:
-      return kStatus;
-    default:
-      return {};
-  }
-}
-
 }  // namespace
 
-std::string Transaction::SendCommand(LineView& view, int row) {
+std::string Transaction::SendCommand(LineView& view, CommandId row) {
   if (busy_) return {};
   busy_ = true;
   if (!port_.PortOpen()) {
@@ -56,7 +35,7 @@ std::string Transaction::SendCommand(LineView& view, int row) {
   return answer;
 }
 
-void Transaction::AwaitAnswer(LineView& view, int row) {
+void Transaction::AwaitAnswer(LineView& view, CommandId row) {
   std::size_t expected = ExpectedAnswerLength(commands_.Row(row));
   const bool untilQuiet = expected == 0;
   const double timeout = static_cast<double>(commands_.Row(row).TimeoutSeconds);
@@ -74,7 +53,7 @@ void Transaction::AwaitAnswer(LineView& view, int row) {
     const int whole = static_cast<int>(std::floor(remaining));
     if (whole < shown) {
       shown = whole;
-      view.ShowCountdown(PanelsOf(row), CountdownText(whole + 1));
+      view.ShowCountdown(CountdownPanels(row), CountdownText(whole + 1));
     }
   }
 }

@@ -19,17 +19,17 @@ class Transaction {
               DebugLog& log)
       : port_(port), clock_(clock), commands_(commands), screen_(screen), log_(log) {}
 
-  // Sends the command of a row (0 to 49) as it stands in the table and gives back what the
+  // Sends the command of a row as it stands in the table and gives back what the
   // machine answered until the answer was whole or the row's time was over: perhaps a part, or
   // nothing. Serves no window event; `view` shows it. Gives nothing, and sends
   // nothing, while another transaction runs or when the port is closed, which a box then says.
-  std::string SendCommand(LineView& view, int row);
+  std::string SendCommand(LineView& view, CommandId row);
 
   bool IsSerialBusy() const { return busy_; }
   void ClearSerialBusy() { busy_ = false; }
 
  private:
-  void AwaitAnswer(LineView& view, int row);
+  void AwaitAnswer(LineView& view, CommandId row);
   void EchoCommand(LineView& view, const std::string& command);
   void EchoAnswer(LineView& view, const std::string& command, const std::string& answer);
 

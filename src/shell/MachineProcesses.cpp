@@ -4,28 +4,20 @@
 
 namespace tintbench::shell {
 
-namespace {
-
-constexpr int kHoldTimed = 12;
-constexpr int kReleaseTimed = 13;
-constexpr int kHoldMaster = 14;
-constexpr int kReleaseMaster = 15;
-
-}  // namespace
-
-bool MachineProcesses::SendBoth(link::LineView& view, int first, int second) {
-  const auto accepted = [&](int row) {
+bool MachineProcesses::SendBoth(link::LineView& view, link::CommandId first,
+                                link::CommandId second) {
+  const auto accepted = [&](link::CommandId row) {
     return base::ToUpper(base::Left(commands_.SendCommand(view, row), 1)) == "A";
   };
   return status_.LinkState > link::kPortOpen && accepted(first) && accepted(second);
 }
 
 bool MachineProcesses::StopMachineProcesses(link::LineView& view) {
-  return SendBoth(view, kHoldTimed, kHoldMaster);
+  return SendBoth(view, link::CommandId::StopTimed, link::CommandId::StopMaster);
 }
 
 bool MachineProcesses::RestartMachineProcesses(link::LineView& view) {
-  return SendBoth(view, kReleaseTimed, kReleaseMaster);
+  return SendBoth(view, link::CommandId::RestartTimed, link::CommandId::RestartMaster);
 }
 
 }  // namespace tintbench::shell

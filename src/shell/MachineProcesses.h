@@ -17,7 +17,7 @@ class MachineProcesses {
   bool RestartMachineProcesses(link::LineView& view);
 
  private:
-  bool SendBoth(link::LineView& view, int first, int second);
+  bool SendBoth(link::LineView& view, link::CommandId first, link::CommandId second);
 
   link::Transaction& commands_;
   const link::LinkStatus& status_;

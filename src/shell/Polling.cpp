@@ -17,16 +17,16 @@ constexpr int kStatusAsked = -3;
 }  // namespace
 
 struct Polling::Question {
-  int Row;    // of the command table
+  link::CommandId Row;
   int Panel;  // that shows the answer
   bool (state::StateDecoder::*Decode)(state::SensorPanels&, const std::string&);
 };
 
 // In the order in which they are asked; the first one not at every tick.
 const Polling::Question Polling::kQuestions[kQuestionCount] = {
-    {3, state::kStatusPanel, &state::StateDecoder::DecodeStatus},
-    {0, state::kInputPanel, &state::StateDecoder::DecodeInputs},
-    {1, state::kOutputPanel, &state::StateDecoder::DecodeOutputs},
+    {link::CommandId::ReadStatus, state::kStatusPanel, &state::StateDecoder::DecodeStatus},
+    {link::CommandId::ReadInputs, state::kInputPanel, &state::StateDecoder::DecodeInputs},
+    {link::CommandId::ReadOutputs, state::kOutputPanel, &state::StateDecoder::DecodeOutputs},
 };
 
 void Polling::Announce(const std::string& text) {

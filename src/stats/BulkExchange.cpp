@@ -8,6 +8,8 @@
 
 namespace tintbench::stats {
 
+using link::CommandId;
+
 namespace {
 
 constexpr std::size_t kRecordLength = 22;
@@ -93,7 +95,8 @@ void BulkExchange::EachElement(const StatElements& elements, const Act& act) {
 }
 
 // On a port that is closed nothing more is tried. The operator is told of it once.
-std::string BulkExchange::Ask(int row, const std::string& argument, std::optional<int> length) {
+std::string BulkExchange::Ask(CommandId row, const std::string& argument,
+                              std::optional<int> length) {
   const bool open = parts_.Line.IsOpen();
   std::string answer = parts_.Line.Send(row, argument, length);
   if (parts_.Line.IsOpen()) return answer;
@@ -147,12 +150,12 @@ void BulkExchange::ReceiveAll(const StatElements& elements, const std::string& p
                               const std::string& name) {
   ReceiveInto(path, name, [&] {
     EachElement(elements, [this](int tab, const std::string& element) {
-      const int row = ReadRowOfTab(parts_.Catalogue, tab, false);
-      if (row < 0) return;
+      const auto row = ReadRowOfTab(parts_.Catalogue, tab, false);
+      if (!row) return;
       const std::string argument = StatArgument(tab, element);
-      const std::string answer = Ask(row, argument);
+      const std::string answer = Ask(*row, argument);
       Count(tab, element, answer,
-            {row == kReadMachine ? kReadMachineAnswer : kReadAnswer, argument.substr(1)});
+            {row == CommandId::ReadProcess ? kReadMachineAnswer : kReadAnswer, argument.substr(1)});
       WriteLine(tab, element,
                 ValuesOf(IsAccepted(answer) ? answer : "", !element.empty(), Stamp()));
     });
@@ -164,23 +167,22 @@ void BulkExchange::ReceiveAllFast(const StatElements& elements, const std::strin
   ReceiveInto(path, name, [&] {
     for (int tab = 0; tab < kStatTypes && NextItem(); ++tab) {
       parts_.View.ShowItem(number_, tab, std::to_string(number_));
-      ReceiveType(tab, ReadRowOfTab(parts_.Catalogue, tab, true),
-                  elements.Count[static_cast<std::size_t>(tab)]);
+      const auto row = ReadRowOfTab(parts_.Catalogue, tab, true);
+      if (row) ReceiveType(tab, *row, elements.Count[static_cast<std::size_t>(tab)]);
     }
   });
 }
 
-void BulkExchange::ReceiveType(int tab, int row, int elements) {
-  if (row < 0) return;
+void BulkExchange::ReceiveType(int tab, CommandId row, int elements) {
+  const bool records = row == CommandId::ReadDevices;
   const std::size_t length =
-      row == kReadType ? kRecordLength * static_cast<std::size_t>(elements) + kRecordsStart
-                       : kReadMachineAnswer;
-  const std::string answer = row == kReadType
-                                 ? Ask(row, StatArgument(tab, ""), static_cast<int>(length))
-                                 : Ask(row, StatArgument(tab, ""));
-  Count(tab, "", answer, {length, row == kReadType ? base::LastDigits(elements, 2) : ""});
+      records ? kRecordLength * static_cast<std::size_t>(elements) + kRecordsStart
+              : kReadMachineAnswer;
+  const std::string answer = records ? Ask(row, StatArgument(tab, ""), static_cast<int>(length))
+                                     : Ask(row, StatArgument(tab, ""));
+  Count(tab, "", answer, {length, records ? base::LastDigits(elements, 2) : ""});
   if (!IsAccepted(answer)) return;
-  if (row == kReadType) {
+  if (records) {
     WriteRecords(tab, answer);
   } else {
     WriteLine(tab, "", ValuesOf(answer.substr(0, kReadMachineAnswer), false, Stamp()));
@@ -214,7 +216,7 @@ void BulkExchange::SendAll(const std::string& path, const std::string& name) {
     SendLine(*line);
   }
   if (reader.Failed()) problem_ = "The file can't be read !!";
-  const bool stored = !lost_ && IsAccepted(Ask(kStoreInFlash, ""));
+  const bool stored = !lost_ && IsAccepted(Ask(CommandId::StoreCounts, ""));
   if (!stored) parts_.View.Tell(kSendTitle, kNotInFlash, false);
   End();
 }
@@ -222,24 +224,24 @@ void BulkExchange::SendAll(const std::string& path, const std::string& name) {
 // Sends what stands in the file, as it stands, as long as it is digits: anything else could be
 // another command.
 void BulkExchange::SendLine(const DataLine& line) {
-  const int row = WriteRowOfTab(parts_.Catalogue, line.Tab);
-  if (row < 0) return;
+  const auto row = WriteRowOfTab(parts_.Catalogue, line.Tab);
+  if (!row) return;
   const std::string time = base::GetField(1, line.Values, ",");
   const std::string events = base::GetField(2, line.Values, ",");
   if (!AreDigits(line.Element, 2)) return CountUnsent(line.Tab, line.Element, "no element number");
   if (!AreDigits(time, kValueDigits) || !AreDigits(events, kValueDigits)) {
     return CountUnsent(line.Tab, line.Element, "no numbers of ten digits");
   }
-  const std::string answer = Ask(row, StatArgument(line.Tab, line.Element) + time + events);
+  const std::string answer = Ask(*row, StatArgument(line.Tab, line.Element) + time + events);
   Count(line.Tab, line.Element, answer, {kWriteAnswer});
 }
 
 void BulkExchange::ResetAll(const StatElements& elements) {
   if (!Begin(kResetTitle, WarningText({"All data on the machine will be RESET !!"}))) return;
   EachElement(elements, [this](int tab, const std::string& element) {
-    const int row = WriteRowOfTab(parts_.Catalogue, tab);
-    if (row < 0) return;
-    Count(tab, element, Ask(row, StatArgument(tab, element) + kZero + kZero), {kWriteAnswer});
+    const auto row = WriteRowOfTab(parts_.Catalogue, tab);
+    if (!row) return;
+    Count(tab, element, Ask(*row, StatArgument(tab, element) + kZero + kZero), {kWriteAnswer});
   });
   End();
 }

@@ -40,7 +40,8 @@ class BulkExchange {
   // False once there is nothing more to do.
   bool NextItem();
   void EachElement(const StatElements& elements, const Act& act);
-  std::string Ask(int row, const std::string& argument, std::optional<int> length = std::nullopt);
+  std::string Ask(link::CommandId row, const std::string& argument,
+                  std::optional<int> length = std::nullopt);
   void Count(int tab, const std::string& element, const std::string& answer, const Wanted& wanted);
   void CountUnsent(int tab, const std::string& element, const std::string& reason);
   // Receives into a file: `receive` asks the machine and writes lines.
@@ -48,7 +49,7 @@ class BulkExchange {
                    const std::function<void()>& receive);
   void WriteLine(int tab, std::string_view element, const std::string& values);
   void NotStored(const base::FileResult& result);
-  void ReceiveType(int tab, int row, int elements);
+  void ReceiveType(int tab, link::CommandId row, int elements);
   void WriteRecords(int tab, const std::string& answer);
   void SendLine(const DataLine& line);
   std::string Stamp() const { return MakeTimeStamp(parts_.Clock.Local()); }

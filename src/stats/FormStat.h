@@ -50,7 +50,8 @@ struct FormStat final : StatWindow, private link::LineView, private StatLine, pr
   enum Action { kSelectFile, kReceiveAll, kSendAll, kResetAll };
   enum View { kElementView, kBulkView, kOverviewView };
 
-  std::string Send(int row, const std::string& argument, std::optional<int> answerLength) override;
+  std::string Send(link::CommandId row, const std::string& argument,
+                   std::optional<int> answerLength) override;
   void ShowSent(const std::string& text) override { Debug.ShowSent(text); }
   void ShowReceived(const std::string& text) override { Debug.ShowReceived(text); }
   bool IsOpen() const override { return work_.Port.PortOpen(); }

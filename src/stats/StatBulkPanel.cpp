@@ -18,7 +18,8 @@ constexpr int kReturn = 2;
 }  // namespace
 
 // The one place where the window meets the transaction.
-std::string FormStat::Send(int row, const std::string& argument, std::optional<int> answerLength) {
+std::string FormStat::Send(link::CommandId row, const std::string& argument,
+                           std::optional<int> answerLength) {
   link::CommandCall call(work_.Table, row, argument);
   if (answerLength) call.Row().AnswerLength = *answerLength;
   return base::ToUpper(work_.Commands.SendCommand(*this, row));

@@ -8,6 +8,8 @@
 
 namespace tintbench::stats {
 
+using link::CommandId;
+
 namespace {
 
 constexpr double kFastFirmware = 30.0;
@@ -55,24 +57,24 @@ bool ReadsFast(const link::LinkStatus& status) {
   return base::LeadingNumber(status.FirmwareVersion) > kFastFirmware;
 }
 
-int ReadRowOfTab(const StatCatalogue& catalogue, int tab, bool wholeType) {
+std::optional<CommandId> ReadRowOfTab(const StatCatalogue& catalogue, int tab, bool wholeType) {
   const int list = catalogue.ListIndexOfTab(tab);
-  if (list == kNoElements) return kReadMachine;
-  if (list < 0) return list;
-  return wholeType ? kReadType : kReadElement;
+  if (list == kNoElements) return CommandId::ReadProcess;
+  if (list < 0) return std::nullopt;
+  return wholeType ? CommandId::ReadDevices : CommandId::ReadDevice;
 }
 
-int WriteRowOfTab(const StatCatalogue& catalogue, int tab) {
+std::optional<CommandId> WriteRowOfTab(const StatCatalogue& catalogue, int tab) {
   const int list = catalogue.ListIndexOfTab(tab);
-  if (list == kNoElements) return kWriteMachine;
-  return list < 0 ? list : int{kWriteElement};
+  if (list == kNoElements) return CommandId::WriteProcess;
+  return list < 0 ? std::nullopt : std::optional(CommandId::WriteDevice);
 }
 
 void StatExchange::TellCorruption(const char* title) {
   parts_.View.Tell(title, base::JoinLines({"Data corruption !!", "Cannot continue !!"}), false);
 }
 
-std::string StatExchange::Ask(int row, const std::string& argument) {
+std::string StatExchange::Ask(CommandId row, const std::string& argument) {
   parts_.View.ShowWait(true);
   std::string answer = parts_.Line.Send(row, argument);
   parts_.View.ShowWait(false);
@@ -81,8 +83,8 @@ std::string StatExchange::Ask(int row, const std::string& argument) {
 
 bool StatExchange::Receive(int tab, const std::string& element, bool overwrites,
                            const std::string& path) {
-  const int row = ReadRowOfTab(parts_.Catalogue, tab, false);
-  if (row < 0) {
+  const auto row = ReadRowOfTab(parts_.Catalogue, tab, false);
+  if (!row) {
     TellCorruption(kReceiveTitle);
     return false;
   }
@@ -91,7 +93,7 @@ bool StatExchange::Receive(int tab, const std::string& element, bool overwrites,
       !overwrites ||
       parts_.View.Confirm(kReceiveTitle,
                           WarningText({"Data received will overwrite current data !!"}));
-  const std::string answer = wanted ? Ask(row, StatArgument(tab, element)) : "";
+  const std::string answer = wanted ? Ask(*row, StatArgument(tab, element)) : "";
   parts_.View.ShowButtons(true);
   if (!wanted) return false;
   if (!IsAccepted(answer)) {
@@ -112,8 +114,8 @@ bool StatExchange::Receive(int tab, const std::string& element, bool overwrites,
 }
 
 void StatExchange::Send(int tab, const std::string& element, const Values& values) {
-  const int row = WriteRowOfTab(parts_.Catalogue, tab);
-  if (row < 0) {
+  const auto row = WriteRowOfTab(parts_.Catalogue, tab);
+  if (!row) {
     TellCorruption(kSendTitle);
     return;
   }
@@ -127,8 +129,8 @@ void StatExchange::Send(int tab, const std::string& element, const Values& value
     if (value) argument += base::LastDigits(*value, kValueDigits);
   }
   parts_.View.ShowButtons(false);
-  const bool sent = IsAccepted(Ask(row, argument));
-  const bool stored = sent && IsAccepted(Ask(kStoreInFlash, ""));
+  const bool sent = IsAccepted(Ask(*row, argument));
+  const bool stored = sent && IsAccepted(Ask(CommandId::StoreCounts, ""));
   parts_.View.ShowButtons(true);
   if (!sent) {
     parts_.View.Tell(kSendTitle,

@@ -9,21 +9,12 @@
 
 #include "base/Clock.h"
 #include "base/Files.h"
+#include "link/CommandId.h"
 #include "link/LinkStatus.h"
 #include "stats/DataFile.h"
 #include "stats/StatCatalogue.h"
 
 namespace tintbench::stats {
-
-// The rows of the command table that the exchange sends.
-enum StatRow : int {
-  kReadElement = 43,
-  kWriteElement = 44,
-  kReadMachine = 45,  // a type that counts for the whole machine
-  kReadType = 46,     // all elements of a type at once
-  kWriteMachine = 47,
-  kStoreInFlash = 48,
-};
 
 // The way to the machine.
 class StatLine {
@@ -31,7 +22,7 @@ class StatLine {
   virtual ~StatLine() = default;
   // Sends a row with an argument and gives the answer in upper case, empty if there is none.
   // `answerLength` takes the place of the row's own. Tells the operator if the port isn't open.
-  virtual std::string Send(int row, const std::string& argument,
+  virtual std::string Send(link::CommandId row, const std::string& argument,
                            std::optional<int> answerLength = std::nullopt) = 0;
   virtual bool IsOpen() const = 0;
 };
@@ -91,10 +82,11 @@ std::string ValuesOf(std::string_view answer, bool hasElement, std::string_view 
 // The firmware reads a whole type at once.
 bool ReadsFast(const link::LinkStatus& status);
 
-// The row that reads or writes the elements of a tab, or with `wholeType` reads all of them; below
-// 0 if the catalogue doesn't tell.
-int ReadRowOfTab(const StatCatalogue& catalogue, int tab, bool wholeType);
-int WriteRowOfTab(const StatCatalogue& catalogue, int tab);
+// The row that reads or writes the elements of a tab, or with `wholeType` reads all of them;
+// nothing if the catalogue doesn't tell.
+std::optional<link::CommandId> ReadRowOfTab(const StatCatalogue& catalogue, int tab,
+                                            bool wholeType);
+std::optional<link::CommandId> WriteRowOfTab(const StatCatalogue& catalogue, int tab);
 
 class StatExchange {
  public:
@@ -110,7 +102,7 @@ class StatExchange {
   void Send(int tab, const std::string& element, const Values& values);
 
  private:
-  std::string Ask(int row, const std::string& argument);
+  std::string Ask(link::CommandId row, const std::string& argument);
   void TellCorruption(const char* title);
 
   StatParts parts_;

@@ -138,9 +138,10 @@ TEST_F(CommandMenu, EveryRowWithAGoodAnswerARefusalAndSilence) {
   static_assert(std::size(kRows) == link::kCommandRows);
   const link::CommandTable before;
   for (int row = 0; row < link::kCommandRows; ++row) {
+    const link::CommandId id{row};
     const RowCase& c = kRows[row];
     for (const std::string& answer : {std::string(c.Good), std::string("r"), std::string()}) {
-      const std::string& name = Table.Row(row).Description;
+      const std::string& name = Table.Row(id).Description;
       SCOPED_TRACE(std::to_string(row) + " " + name + ": " + answer);
       Execute(row, c.Wire, answer, {c.Wrong[0] != '\0' ? c.Wrong : c.Argument, c.Argument});
       const bool good = answer == c.Good;
@@ -153,8 +154,8 @@ TEST_F(CommandMenu, EveryRowWithAGoodAnswerARefusalAndSilence) {
       EXPECT_EQ(Report(), !reports ? "" : header + (good ? c.GoodReport : c.BadReport));
       EXPECT_EQ(Shown(), c.Views);
       EXPECT_EQ(Screen.Boxes.size(), c.Wrong[0] != '\0' ? 1U : 0U);
-      EXPECT_EQ(Table.Row(row).Command, before.Row(row).Command);
-      EXPECT_EQ(Table.Row(row).TimeoutSeconds, before.Row(row).TimeoutSeconds);
+      EXPECT_EQ(Table.Row(id).Command, before.Row(id).Command);
+      EXPECT_EQ(Table.Row(id).TimeoutSeconds, before.Row(id).TimeoutSeconds);
       Screen.Boxes.clear();
     }
   }
@@ -251,7 +252,7 @@ TEST_F(CommandMenu, AnArgumentIsAskedUntilItFitsAndOfferedAgain) {
   using Texts = std::vector<std::string>;
   Execute(28, "#f01100*", "A01", {"x", "0110", "01100"});
   ASSERT_FALSE(Screen.Questions.empty());
-  EXPECT_EQ(Screen.Questions[0].Prompt, Table.Row(28).Prompt);
+  EXPECT_EQ(Screen.Questions[0].Prompt, Table.Row(link::CommandId::MotorOn).Prompt);
   EXPECT_EQ(Screen.Questions[0].Title, "Motor ON");
   EXPECT_EQ(defaults(), (Texts{"", "x", "0110"}));
   ASSERT_EQ(Screen.Boxes.size(), 2U);
@@ -273,7 +274,7 @@ TEST_F(CommandMenu, AnArgumentIsAskedUntilItFitsAndOfferedAgain) {
   Execute(29, "", "");
   Execute(28, "", "");
   EXPECT_EQ(defaults(), (Texts{"", ""}));
-  EXPECT_EQ(Table.Row(28).Command, "#f *");
+  EXPECT_EQ(Table.Row(link::CommandId::MotorOn).Command, "#f *");
 }
 
 TEST_F(CommandMenu, ListsRememberTheirSelection) {
@@ -309,7 +310,7 @@ TEST_F(CommandMenu, ListsRememberTheirSelection) {
 TEST_F(CommandMenu, ARowThatIsNotEnabledIsLeftOut) {
   Port.Expect("#z*").Reply("A");
   Screen.Unload(Window);
-  Table.Row(1).Enabled = false;
+  Table.Row(link::CommandId::ReadOutputs).Enabled = false;
   Load();
   EXPECT_EQ(Window.LstCsingle(0).ListCount(), 11);
   Window.LstCsingle(0).PressRow(1);
@@ -477,7 +478,7 @@ TEST_F(CommandMenu, CountsDownInThePanelAndInTheBoxOfTheMenuOnShow) {
       places[i]->AddObserver(logs[i]);
     }
     Port.Expect("#ur*").Wait(5.0);
-    Window.Send(1);
+    Window.Send(link::CommandId::ReadOutputs);
     for (std::size_t i = 0; i < places.size(); ++i) {
       places[i]->RemoveObserver(logs[i]);
       EXPECT_EQ(logs[i].Shown, seconds[i]) << menu << " " << places[i]->FullName();

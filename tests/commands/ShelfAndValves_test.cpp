@@ -79,11 +79,11 @@ TEST(ShelfAndValves, BooksWhatSingleCommandsMove) {
   bench.Load(kMaintenanceMenu);
   commands::ElementSender sender(bench.Window);
   commands::ShelfAndValves shelf(bench.Window, sender);
-  shelf.ShelfMotion(25, "");
-  shelf.ShelfMotion(25, "R");
+  shelf.ShelfMotion(link::CommandId::ShelfUp, "");
+  shelf.ShelfMotion(link::CommandId::ShelfUp, "R");
   EXPECT_FALSE(shelf.IsMovingUp());
-  shelf.ShelfMotion(25, "A");
-  shelf.ShelfMotion(26, "A");
+  shelf.ShelfMotion(link::CommandId::ShelfUp, "A");
+  shelf.ShelfMotion(link::CommandId::ShelfDown, "A");
   EXPECT_TRUE(shelf.IsMovingUp() && shelf.IsMovingDown());
   bench.Port.Expect("#ed*").Reply("A").Expect("#ed*").Reply("A");
   shelf.ShelfUp();

@@ -11,8 +11,8 @@ namespace {
 
 TEST(CommandTable, ARowThatDoesNotExistEndsTheProgram) {
   CommandTable table;
-  EXPECT_DEATH(table.Row(-1), "no command row -1");
-  EXPECT_DEATH(table.Row(50), "no command row 50");
+  EXPECT_DEATH(table.Row(CommandId{-1}), "no command row -1");
+  EXPECT_DEATH(table.Row(CommandId{50}), "no command row 50");
 }
 
 TEST(CommandTable, ArgumentsThatDoNotFit) {
@@ -52,7 +52,7 @@ TEST(CommandTable, ArgumentsThatDoNotFit) {
       {47, "T00000000x1"},
   };
   for (const auto& c : cases) {
-    EXPECT_FALSE(ValidateArgument(c.Row, c.Argument)) << c.Row << ": " << c.Argument;
+    EXPECT_FALSE(ValidateArgument(CommandId{c.Row}, c.Argument)) << c.Row << ": " << c.Argument;
   }
 }
 
@@ -72,10 +72,9 @@ TEST(CommandTable, ArgumentsThatFit) {
       {10, "anything"},  {11, ""},
       {23, "x"},         {46, "?"},
       {49, "#s*"},       {0, "x"},
-      {-1, "x"},
   };
   for (const auto& c : cases) {
-    EXPECT_TRUE(ValidateArgument(c.Row, c.Argument)) << c.Row << ": " << c.Argument;
+    EXPECT_TRUE(ValidateArgument(CommandId{c.Row}, c.Argument)) << c.Row << ": " << c.Argument;
   }
 }
 
@@ -92,19 +91,20 @@ TEST(CommandTable, ACallFinishesTheCommandAndPutsTheRowBack) {
       {10, "07 1", "#ix07 1*", 1},
   };
   for (const auto& c : cases) {
-    const std::string before = table.Row(c.Row).Command;
+    const CommandId row{c.Row};
+    const std::string before = table.Row(row).Command;
     {
-      CommandCall call(table, c.Row, c.Argument);
-      EXPECT_EQ(table.Row(c.Row).Command, c.Command);
-      EXPECT_EQ(ExpectedAnswerLength(table.Row(c.Row)), c.AnswerLength) << c.Command;
+      CommandCall call(table, row, c.Argument);
+      EXPECT_EQ(table.Row(row).Command, c.Command);
+      EXPECT_EQ(ExpectedAnswerLength(table.Row(row)), c.AnswerLength) << c.Command;
       call.Row().AnswerLength = 25;
       call.Row().TimeoutSeconds = 1;
     }
-    EXPECT_EQ(table.Row(c.Row).Command, before);
-    EXPECT_NE(table.Row(c.Row).AnswerLength, 25);
-    EXPECT_GE(table.Row(c.Row).TimeoutSeconds, 5.0F);
+    EXPECT_EQ(table.Row(row).Command, before);
+    EXPECT_NE(table.Row(row).AnswerLength, 25);
+    EXPECT_GE(table.Row(row).TimeoutSeconds, 5.0F);
   }
-  CommandCall call(table, 49, "x");
+  CommandCall call(table, CommandId::Custom, "x");
   call.Row().AnswerLength = -1;
   EXPECT_EQ(ExpectedAnswerLength(call.Row()), 0U);
 }
@@ -118,7 +118,7 @@ TEST(CommandTable, TimeoutsComeFromTheConfigurationWhereItHasOne) {
   log.DebugLevel(kDebugCommands);
   log.ApplyDebugLevel();
   const auto timeout = [&](const char* argument, int row) {
-    return table.CommandTimeout(argument, row, facts, log);
+    return table.CommandTimeout(argument, CommandId{row}, facts, log);
   };
   EXPECT_FLOAT_EQ(timeout("01", 21), 18);
   EXPECT_FLOAT_EQ(timeout("", 33), 12);
@@ -144,13 +144,15 @@ TEST(CommandTable, TimeoutsComeFromTheConfigurationWhereItHasOne) {
 
 TEST(CommandTable, PromptsAreLinesOfText) {
   const CommandTable table;
-  EXPECT_EQ(table.Row(0).Prompt, "");
-  EXPECT_EQ(table.Row(18).Prompt, table.Row(17).Prompt);
-  EXPECT_EQ(table.Row(28).Prompt,
+  EXPECT_EQ(table.Row(CommandId::ReadInputs).Prompt, "");
+  EXPECT_EQ(table.Row(CommandId::ValvesOff).Prompt, table.Row(CommandId::ValvesOn).Prompt);
+  EXPECT_EQ(table.Row(CommandId::MotorOn).Prompt,
             "Input 5 decimal characters:\r\n2 for the motor number,\r\n3 for motor speed");
-  EXPECT_TRUE(table.Row(47).Prompt.ends_with(
-      "'D'(=dispensation-number) then\r\n10 decimal characters for the corresponding value"));
-  EXPECT_TRUE(table.Row(46).Prompt.ends_with("or 'P'(=cap) for the wished device-type"));
+  EXPECT_TRUE(table.Row(CommandId::WriteProcess)
+                  .Prompt.ends_with("'D'(=dispensation-number) then\r\n10 decimal characters for "
+                                    "the corresponding value"));
+  EXPECT_TRUE(table.Row(CommandId::ReadDevices)
+                  .Prompt.ends_with("or 'P'(=cap) for the wished device-type"));
 }
 
 }  // namespace

@@ -210,15 +210,15 @@ TEST_P(LineFaults, InATransactionGiveBackWhatCameAndEndInTime) {
   const double start = bench.Clock.Now();
   std::string answer;
   {
-    const link::CommandCall call(bench.Commands, 17, "0102");
-    answer = bench.Line.SendCommand(bench.View, 17);
+    const link::CommandCall call(bench.Commands, link::CommandId::ValvesOn, "0102");
+    answer = bench.Line.SendCommand(bench.View, link::CommandId::ValvesOn);
   }
   EXPECT_TRUE(Matches(answer, wanted.Text)) << answer.substr(0, 40);
   EXPECT_NEAR(bench.Clock.Now() - start, wanted.Seconds, 0.001);
   EXPECT_EQ(bench.Port.Written, "#a0102*");
   EXPECT_TRUE(bench.Screen.Boxes.empty());
   bench.Mend();
-  EXPECT_EQ(bench.Line.SendCommand(bench.View, 7), "A V 5.2");
+  EXPECT_EQ(bench.Line.SendCommand(bench.View, link::CommandId::FirmwareVersion), "A V 5.2");
 }
 
 TEST_P(LineFaults, InAReceptionLeaveTheOldFileOrTheNewOneWhole) {

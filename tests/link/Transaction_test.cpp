@@ -43,7 +43,7 @@ class TransactionTest : public ::testing::Test {
 
 struct AnswerCase {
   std::string Name;
-  int Row;
+  CommandId Row;
   std::string Command;
   std::function<void(ScriptedPort&)> Machine;  // behind the command
   std::string Answer;
@@ -52,23 +52,25 @@ struct AnswerCase {
 
 TEST(TransactionAnswers, AreWholeByCountOrByQuiet) {
   const std::vector<AnswerCase> cases{
-      {"at once", 0, "#ir*", [](ScriptedPort& p) { p.Reply("A0FFFFFFF"); }, "A0FFFFFFF", 0.3},
-      {"after a second", 0, "#ir*", [](ScriptedPort& p) { p.Wait(1.0).Reply("A0FFFFFFF"); },
-       "A0FFFFFFF", 1.2},
-      {"in two parts", 0, "#ir*", [](ScriptedPort& p) { p.Reply("A0FF").Wait(0.5).Reply("FFFFF"); },
-       "A0FFFFFFF", 0.9},
-      {"one too many is read at the time-out", 0, "#ir*",
+      {"at once", CommandId::ReadInputs, "#ir*", [](ScriptedPort& p) { p.Reply("A0FFFFFFF"); },
+       "A0FFFFFFF", 0.3},
+      {"after a second", CommandId::ReadInputs, "#ir*",
+       [](ScriptedPort& p) { p.Wait(1.0).Reply("A0FFFFFFF"); }, "A0FFFFFFF", 1.2},
+      {"in two parts", CommandId::ReadInputs, "#ir*",
+       [](ScriptedPort& p) { p.Reply("A0FF").Wait(0.5).Reply("FFFFF"); }, "A0FFFFFFF", 0.9},
+      {"one too many is read at the time-out", CommandId::ReadInputs, "#ir*",
        [](ScriptedPort& p) { p.Reply("A0FFFFFFFF"); }, "A0FFFFFFFF", 5.1},
-      {"one too few is read at the time-out", 0, "#ir*",
+      {"one too few is read at the time-out", CommandId::ReadInputs, "#ir*",
        [](ScriptedPort& p) { p.Reply("A0FFFFFF"); }, "A0FFFFFF", 5.1},
-      {"silence", 0, "#ir*", [](ScriptedPort&) {}, "", 5.1},
-      {"letters as they came", 7, "#jf*", [](ScriptedPort& p) { p.Reply("a   5.b"); }, "a   5.b",
+      {"silence", CommandId::ReadInputs, "#ir*", [](ScriptedPort&) {}, "", 5.1},
+      {"letters as they came", CommandId::FirmwareVersion, "#jf*",
+       [](ScriptedPort& p) { p.Reply("a   5.b"); }, "a   5.b", 0.3},
+      {"quiet line", CommandId::ReadStatus, "#s*", [](ScriptedPort& p) { p.Reply("K00"); }, "K00",
        0.3},
-      {"quiet line", 3, "#s*", [](ScriptedPort& p) { p.Reply("K00"); }, "K00", 0.3},
-      {"quiet line waits while bytes come", 3, "#s*",
+      {"quiet line waits while bytes come", CommandId::ReadStatus, "#s*",
        [](ScriptedPort& p) { p.Wait(0.24).Reply("K0").Wait(0.04).Reply("0"); }, "K00", 0.6},
-      {"quiet line in silence", 3, "#s*", [](ScriptedPort&) {}, "", 5.1},
-      {"ten seconds", 33, "#h*", [](ScriptedPort&) {}, "", 10.2},
+      {"quiet line in silence", CommandId::ReadStatus, "#s*", [](ScriptedPort&) {}, "", 5.1},
+      {"ten seconds", CommandId::Reset, "#h*", [](ScriptedPort&) {}, "", 10.2},
   };
   for (const AnswerCase& wanted : cases) {
     SCOPED_TRACE(wanted.Name);
@@ -91,19 +93,19 @@ TEST(TransactionAnswers, AreWholeByCountOrByQuiet) {
 
 TEST_F(TransactionTest, ExpectsTheArgumentBackForARowWithoutLength) {
   Port.Expect("#a010203*").Reply("A010203");
-  const CommandCall call(Commands, 17, "010203");
-  EXPECT_EQ(Line.SendCommand(View, 17), "A010203");
+  const CommandCall call(Commands, CommandId::ValvesOn, "010203");
+  EXPECT_EQ(Line.SendCommand(View, CommandId::ValvesOn), "A010203");
   EXPECT_NEAR(Clock.Now(), 0.3, 0.001);
 }
 
 TEST_F(TransactionTest, KeepsWhatWasLeftInFrontOfTheNewAnswer) {
   Port.Reply("late").Expect("#ir*").Reply("A0FFFFFFF");
-  EXPECT_EQ(Line.SendCommand(View, 0), "lateA0FFFFFFF");
+  EXPECT_EQ(Line.SendCommand(View, CommandId::ReadInputs), "lateA0FFFFFFF");
 }
 
 TEST_F(TransactionTest, SendsNothingOnAClosedPortAndSaysSo) {
   Port.PortOpen(false);
-  EXPECT_EQ(Line.SendCommand(View, 0), "");
+  EXPECT_EQ(Line.SendCommand(View, CommandId::ReadInputs), "");
   ASSERT_EQ(Screen.Boxes.size(), 1U);
   EXPECT_EQ(Screen.Boxes[0].Text, "Serial port NOT open!");
   EXPECT_EQ(Screen.Boxes[0].Icon, ui::BoxIcon::Plain);
@@ -114,31 +116,31 @@ TEST_F(TransactionTest, GivesNothingWhileAnotherOneRuns) {
   std::string inner = "not called";
   Port.Expect("#ir*").Do([&] {
     EXPECT_TRUE(Line.IsSerialBusy());
-    inner = Line.SendCommand(View, 1);
+    inner = Line.SendCommand(View, CommandId::ReadOutputs);
   });
   Port.Reply("A0FFFFFFF");
-  EXPECT_EQ(Line.SendCommand(View, 0), "A0FFFFFFF");
+  EXPECT_EQ(Line.SendCommand(View, CommandId::ReadInputs), "A0FFFFFFF");
   EXPECT_EQ(inner, "");
 }
 
 TEST_F(TransactionTest, EndsAtOnceWhenThePortIsLost) {
   Port.Expect("#h*").Wait(1.0).Disconnect();
-  EXPECT_EQ(Line.SendCommand(View, 33), "");
+  EXPECT_EQ(Line.SendCommand(View, CommandId::Reset), "");
   EXPECT_LT(Clock.Now(), 1.4);
 }
 
 TEST_F(TransactionTest, CountsDownForThePanelsOfItsRow) {
   struct Place {
-    int Row;
+    CommandId Row;
     std::string Command;
     std::vector<state::Panel> Panels;
   };
   const std::vector<Place> places{
-      {0, "#ir*", {state::kInputPanel}},
-      {1, "#ur*", {state::kOutputPanel}},
-      {2, "#iu*", {state::kInputPanel, state::kOutputPanel}},
-      {3, "#s*", {state::kStatusPanel}},
-      {7, "#jf*", {}},
+      {CommandId::ReadInputs, "#ir*", {state::kInputPanel}},
+      {CommandId::ReadOutputs, "#ur*", {state::kOutputPanel}},
+      {CommandId::ReadInputsAndOutputs, "#iu*", {state::kInputPanel, state::kOutputPanel}},
+      {CommandId::ReadStatus, "#s*", {state::kStatusPanel}},
+      {CommandId::FirmwareVersion, "#jf*", {}},
   };
   for (const Place& place : places) {
     SCOPED_TRACE(place.Command);
@@ -158,15 +160,15 @@ TEST_F(TransactionTest, EchoesAndLogsAtItsLevelOnly) {
     Log.DebugLevel(level);
     Log.ApplyDebugLevel();
     Port.Expect("#jf*").Reply("A   5.2");
-    Line.SendCommand(View, 7);
+    Line.SendCommand(View, CommandId::FirmwareVersion);
     EXPECT_EQ(View.Echo, "");
     EXPECT_FALSE(Files.FileExists(Folder.Path("ksvdebug.txt")));
   }
   Log.DebugLevel(15);
   Log.ApplyDebugLevel();
   Port.Expect("#doab*").Reply("aabK");
-  const CommandCall call(Commands, 21, "ab");
-  Line.SendCommand(View, 21);
+  const CommandCall call(Commands, CommandId::CapOpen, "ab");
+  Line.SendCommand(View, CommandId::CapOpen);
   EXPECT_EQ(View.Echo, "> #DOAB*\n< \n< AABK\n");
   Log.CloseDebugLog();
   EXPECT_EQ(Folder.Get("ksvdebug.txt"), "#doab*: aabK\r\n");

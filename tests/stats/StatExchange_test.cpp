@@ -111,11 +111,13 @@ TEST(StatRows, FollowTheCatalogueAndTheFirmware) {
   const stats::StatCatalogue catalogue(rows);
   const struct {
     int Tab;
-    int Read;
-    int ReadType;
-    int Write;
-  } cases[] = {
-      {0, 43, 46, 44}, {5, 45, 45, 47}, {1, -1000, -1000, -1000}, {2, -1000, -1000, -1000}};
+    std::optional<link::CommandId> Read;
+    std::optional<link::CommandId> ReadType;
+    std::optional<link::CommandId> Write;
+  } cases[] = {{0, link::CommandId{43}, link::CommandId{46}, link::CommandId{44}},
+               {5, link::CommandId{45}, link::CommandId{45}, link::CommandId{47}},
+               {1, {}, {}, {}},
+               {2, {}, {}, {}}};
   for (const auto& one : cases) {
     EXPECT_EQ(stats::ReadRowOfTab(catalogue, one.Tab, false), one.Read);
     EXPECT_EQ(stats::ReadRowOfTab(catalogue, one.Tab, true), one.ReadType);
@@ -292,7 +294,7 @@ TEST_F(BulkExchange, ReadsTypesAtOnce) {
     EXPECT_EQ(Lines(kLast), lines);
     Return();
   }
-  EXPECT_EQ(Table.Row(46).AnswerLength, 0);
+  EXPECT_EQ(Table.Row(link::CommandId::ReadDevices).AnswerLength, 0);
 }
 
 TEST_F(BulkExchange, ATwelfthMotorHasTwoDigits) {
