@@ -6,6 +6,7 @@
 #include "qt/Binder.h"
 #include "qt/PictureWidget.h"
 #include "ui/Controls.h"
+#include "ui/Form.h"
 #include "ui/Picture.h"
 
 namespace tintbench::desktop {
