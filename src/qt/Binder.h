@@ -3,10 +3,7 @@
 // typed text or a chosen row does. A view calls these and holds no rule of its own.
 #pragma once
 
-#include <string_view>
-
 #include "ui/Controls.h"
-#include "ui/Form.h"
 #include "ui/Picture.h"
 
 class QCheckBox;
@@ -52,16 +49,12 @@ void Bind(ui::PictureBox& control, PictureWidget& widget);
 Binding& Bind(ui::Shape& control, FigureWidget& widget);
 void Bind(ui::Image& control, FigureWidget& widget);
 
-// Makes the usual widget for the control's kind and binds it: for a text box one of one line or of
-// several, for a frame one with a title if it has a caption. nullptr for kinds that have no widget
-// of their own: menus, timers, lines, and what stands in a picture box.
-QWidget* MakeWidget(ui::Control& control, QWidget* parent);
-
-// The same for the control of that name, which must be of that kind. nullptr if there is none.
-template <typename Kind>
-QWidget* MakeWidget(const ui::Form& form, std::string_view name, int index, QWidget* parent) {
-  Kind* control = form.Find<Kind>(name, index);
-  return control == nullptr ? nullptr : MakeWidget(*control, parent);
+// Makes a widget that shows the control.
+template <typename Widget, typename Kind>
+Widget* MakeWidget(Kind& control, QWidget* parent) {
+  auto* const widget = new Widget(parent);
+  Bind(control, *widget);
+  return widget;
 }
 
 }  // namespace tintbench::desktop

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 
 #include "qt/Binder.h"
 #include "qt/Look.h"
@@ -11,17 +12,14 @@
 
 namespace tintbench::desktop {
 
-void AddDebugFrame(ui::Form& form, QWidget& view, QBoxLayout& rows) {
-  auto* const frame = form.Find<ui::Frame>("FrmDbg");
-  if (frame == nullptr) return;
-  auto* const group = new QGroupBox(&view);
-  Bind(*frame, *group);
+void AddDebugFrame(ui::Frame& frame, ui::ControlArray<ui::TextBox>& texts, QWidget& view,
+                   QBoxLayout& rows) {
+  auto* const group = MakeWidget<QGroupBox>(frame, &view);
   auto* const row = new QHBoxLayout(group);
   for (const int index : {0, 1}) {
-    auto* const text = form.Find<ui::TextBox>("TxtDbgIO", index);
-    if (text == nullptr) continue;
-    auto* const title = new QLabel(ToQt(text->ToolTipText.Get()), group);
-    QWidget* const box = MakeWidget(*text, group);
+    ui::TextBox& text = texts(index);
+    auto* const title = new QLabel(ToQt(text.ToolTipText.Get()), group);
+    auto* const box = MakeWidget<QLineEdit>(text, group);
     title->setBuddy(box);
     box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     row->addWidget(title);

@@ -1,14 +1,16 @@
 // The frame at a window's foot that shows what goes over the line.
 #pragma once
 
-#include "ui/Form.h"
+#include <QWidget>
+
+#include "ui/Controls.h"
 
 class QBoxLayout;
-class QWidget;
 
 namespace tintbench::desktop {
 
-// Adds the frame, with the sent text beside the received one, if the window has its controls.
-void AddDebugFrame(ui::Form& form, QWidget& view, QBoxLayout& rows);
+// Adds the frame, with the sent text beside the received one.
+void AddDebugFrame(ui::Frame& frame, ui::ControlArray<ui::TextBox>& texts, QWidget& view,
+                   QBoxLayout& rows);
 
 }  // namespace tintbench::desktop

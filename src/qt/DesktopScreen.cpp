@@ -11,7 +11,6 @@
 #include <limits>
 #include <utility>
 
-#include "base/Text.h"
 #include "qt/Boxes.h"
 #include "qt/FallbackView.h"
 #include "qt/QtText.h"
@@ -56,12 +55,8 @@ DesktopScreen::DesktopScreen(base::Clock& clock) : Screen(clock) {
 
 DesktopScreen::~DesktopScreen() = default;
 
-void DesktopScreen::AddView(std::string_view formName, ViewFactory view) {
-  views_[base::ToUpper(formName)] = std::move(view);
-}
-
 ViewFactory DesktopScreen::ViewFor(const ui::Form& form) const {
-  const auto found = views_.find(base::ToUpper(form.Name()));
+  const auto found = views_.find(typeid(form));
   return found == views_.end() ? ViewFactory(MakeFallbackView) : found->second;
 }
 

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <typeindex>
 #include <vector>
 
 #include "qt/FormWindow.h"
@@ -21,9 +22,14 @@ class DesktopScreen final : public ui::Screen {
   explicit DesktopScreen(base::Clock& clock);
   ~DesktopScreen() override;
 
-  // The form of that name, in any letter case, is shown by what `view` makes. A form without a
-  // view of its own is shown by one that puts its controls in a row.
-  void AddView(std::string_view formName, ViewFactory view);
+  // Windows of that class are shown by what `make` makes. One without a view of its own is shown by
+  // one that puts its controls in rows.
+  template <typename Window>
+  void AddView(QWidget* (*make)(Window& form, QWidget* parent)) {
+    views_[typeid(Window)] = [make](ui::Form& form, QWidget* parent) {
+      return make(static_cast<Window&>(form), parent);
+    };
+  }
 
   // The window that shows the form; nullptr if it isn't shown.
   FormWindow* WindowFor(const ui::Form& form) const;
@@ -56,7 +62,7 @@ class DesktopScreen final : public ui::Screen {
   FormWindow* FrontWindow() const;
 
   KeyGate keys_;
-  std::map<std::string, ViewFactory> views_;  // by the form's name in capital letters
+  std::map<std::type_index, ViewFactory> views_;
   std::map<const ui::Form*, std::unique_ptr<FormWindow>> windows_;
   // Windows that are closed, perhaps by a press in them that is still being served.
   std::vector<std::unique_ptr<FormWindow>> closed_;

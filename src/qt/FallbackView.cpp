@@ -1,16 +1,74 @@
 #include "qt/FallbackView.h"
 
-#include <QAbstractScrollArea>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScrollArea>
+#include <QTabBar>
+#include <array>
 
 #include "qt/Binder.h"
 #include "qt/PictureWidget.h"
+#include "qt/RowList.h"
 
 namespace tintbench::desktop {
 
 namespace {
+
+// nullptr if the control isn't of that kind.
+template <typename Kind, typename Widget>
+QWidget* TryMake(ui::Control& control, QWidget* parent) {
+  auto* const kind = dynamic_cast<Kind*>(&control);
+  return kind == nullptr ? nullptr : MakeWidget<Widget>(*kind, parent);
+}
+
+QWidget* TryTextBox(ui::Control& control, QWidget* parent) {
+  auto* const box = dynamic_cast<ui::TextBox*>(&control);
+  if (box == nullptr) return nullptr;
+  if (box->MultiLine) return MakeWidget<QPlainTextEdit>(*box, parent);
+  return MakeWidget<QLineEdit>(*box, parent);
+}
+
+QWidget* TryFrame(ui::Control& control, QWidget* parent) {
+  auto* const frame = dynamic_cast<ui::Frame*>(&control);
+  if (frame == nullptr) return nullptr;
+  if (frame->Caption->empty()) return MakeWidget<QFrame>(*frame, parent);
+  return MakeWidget<QGroupBox>(*frame, parent);
+}
+
+using Maker = QWidget* (*)(ui::Control& control, QWidget* parent);
+
+constexpr std::array<Maker, 14> kMakers{TryMake<ui::Label, QLabel>,
+                                        TryTextBox,
+                                        TryMake<ui::RichTextBox, QPlainTextEdit>,
+                                        TryMake<ui::Button, QPushButton>,
+                                        TryMake<ui::CheckBox, QCheckBox>,
+                                        TryMake<ui::OptionButton, QRadioButton>,
+                                        TryMake<ui::ListBox, RowList>,
+                                        TryMake<ui::ComboBox, QComboBox>,
+                                        TryMake<ui::TabStrip, QTabBar>,
+                                        TryFrame,
+                                        TryMake<ui::ProgressBar, QProgressBar>,
+                                        TryMake<ui::PictureBox, PictureWidget>,
+                                        TryMake<ui::Shape, FigureWidget>,
+                                        TryMake<ui::Image, FigureWidget>};
+
+// nullptr for kinds that have no widget of their own: menus, timers, lines, and what stands in a
+// picture box.
+QWidget* MakeUsual(ui::Control& control, QWidget* parent) {
+  for (const Maker make : kMakers) {
+    QWidget* const widget = make(control, parent);
+    if (widget != nullptr) return widget;
+  }
+  return nullptr;
+}
 
 constexpr int kColumns = 4;
 
@@ -46,7 +104,7 @@ class GridFiller {
 void Fill(QWidget& widget, ui::Container& holder) {
   GridFiller grid(widget);
   for (ui::Control* control : holder.Children()) {
-    QWidget* const made = MakeWidget(*control, &widget);
+    QWidget* const made = MakeUsual(*control, &widget);
     if (made == nullptr) continue;
     grid.Add(*made);
     auto* frame = dynamic_cast<ui::Frame*>(control);

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "qt/Binder.h"
@@ -38,75 +39,68 @@ class MainArea final : public QWidget {
   QSize sizeHint() const override { return {Em(*this) * 84, Em(*this) * 48}; }
 };
 
-QLabel* AddLabel(ui::Form& form, const char* name, QBoxLayout& column, QWidget& view) {
-  auto* const label = qobject_cast<QLabel*>(MakeWidget<ui::Label>(form, name, -1, &view));
-  if (label != nullptr) column.addWidget(label);
-  return label;
+QLabel& AddLabel(ui::Label& control, QBoxLayout& column, QWidget& view) {
+  auto* const label = MakeWidget<QLabel>(control, &view);
+  column.addWidget(label);
+  return *label;
 }
 
 // How the link does and what the operator can do.
-QLayout* MakeLinkColumn(ui::Form& form, QWidget& view) {
+QLayout* MakeLinkColumn(shell::Form1& form, QWidget& view) {
   auto* const column = new QVBoxLayout;
   column->setSpacing(0);
-  if (QLabel* const state = AddLabel(form, "LblLink", *column, view)) {
-    state->setFont(ScaledFont(view, 1.2, true));
-    state->setWordWrap(true);
-  }
-  if (QLabel* const problem = AddLabel(form, "LblProblem", *column, view)) {
-    problem->setWordWrap(true);
-  }
-  if (QLabel* const hint = AddLabel(form, "LblHint", *column, view)) {
-    // The panels don't move when it comes and goes.
-    QSizePolicy policy = hint->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    hint->setSizePolicy(policy);
-  }
+  QLabel& state = AddLabel(form.LblLink, *column, view);
+  state.setFont(ScaledFont(view, 1.2, true));
+  state.setWordWrap(true);
+  AddLabel(form.LblProblem, *column, view).setWordWrap(true);
+  QLabel& hint = AddLabel(form.LblHint, *column, view);
+  // The panels don't move when it comes and goes.
+  QSizePolicy policy = hint.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  hint.setSizePolicy(policy);
   auto* const step = new QHBoxLayout;
-  for (const char* name : {"LblLinkStep", "LblLinkWait"}) AddLabel(form, name, *step, view);
+  for (ui::Label* label : {&form.LblLinkStep, &form.LblLinkWait}) AddLabel(*label, *step, view);
   step->addStretch();
   column->addLayout(step);
   return column;
 }
 
 // Which port it is and how well its line does, out of the way.
-QLayout* MakeLineColumn(ui::Form& form, QWidget& view) {
+QLayout* MakeLineColumn(shell::Form1& form, QWidget& view) {
   auto* const column = new QVBoxLayout;
   column->setSpacing(0);
-  for (const char* name : {"LblLinkPort", "LblQuality"}) {
-    if (QLabel* const label = AddLabel(form, name, *column, view)) {
-      label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      label->setFont(ScaledFont(view, 0.9, false));
-    }
+  for (ui::Label* control : {&form.LblLinkPort, &form.LblQuality}) {
+    QLabel& label = AddLabel(*control, *column, view);
+    label.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label.setFont(ScaledFont(view, 0.9, false));
   }
   return column;
 }
 
-void AddLinkRow(ui::Form& form, QWidget& view, QBoxLayout& rows) {
-  if (form.Find<ui::Label>("LblLink") == nullptr) return;
+void AddLinkRow(shell::Form1& form, QWidget& view, QBoxLayout& rows) {
   auto* const row = new QHBoxLayout;
   const int margin = Em(view) / 2;
   row->setContentsMargins(2 * margin, margin, 2 * margin, 0);
   row->setSpacing(margin);
   row->addWidget(new DropMark(&view), 0, Qt::AlignTop);
   row->addLayout(MakeLinkColumn(form, view), 1);
-  QWidget* const again = MakeWidget<ui::Button>(form, "CmdReconnect", -1, &view);
-  if (again != nullptr) row->addWidget(again);
+  row->addWidget(MakeWidget<QPushButton>(form.CmdReconnect, &view));
   row->addLayout(MakeLineColumn(form, view));
   rows.addLayout(row);
 }
 
 }  // namespace
 
-QWidget* MakeForm1View(ui::Form& form, QWidget* parent) {
+QWidget* MakeForm1View(shell::Form1& form, QWidget* parent) {
   auto* const view = new MainArea(parent);
   auto* const rows = new QVBoxLayout(view);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   AddLinkRow(form, *view, *rows);
   auto* const area = new PanelArea(view);
-  AddSensorPanels(form, *area);
+  AddSensorPanels(form.Panels, form.CmdResize, *area);
   rows->addWidget(area, 1);
-  AddDebugFrame(form, *view, *rows);
+  AddDebugFrame(form.FrmDbg, form.TxtDbgIO, *view, *rows);
   return view;
 }
 

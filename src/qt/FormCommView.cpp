@@ -9,14 +9,12 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
-#include "commands/CommWindow.h"
 #include "qt/Binder.h"
 #include "qt/Binding.h"
 #include "qt/CommButtons.h"
 #include "qt/DebugFrame.h"
 #include "qt/Look.h"
 #include "qt/OutputArea.h"
-#include "qt/QtText.h"
 #include "qt/RowList.h"
 
 namespace tintbench::desktop {
@@ -34,184 +32,173 @@ class CommArea final : public QWidget {
   QSize sizeHint() const override { return {Em(*this) * 84, Em(*this) * 48}; }
 };
 
-// A text of the machine, as tall as `lines` of it.
-QWidget* MakeStatusText(const ui::Form& form, const char* name, int index, int lines,
-                        QWidget* parent) {
-  QWidget* const box = MakeWidget<ui::TextBox>(form, name, index, parent);
-  if (box == nullptr) return new QWidget(parent);
-  box->setFont(FixedFont());
-  if (auto* const text = qobject_cast<QPlainTextEdit*>(box)) {
-    const int margins = 2 * (text->frameWidth() + qRound(text->document()->documentMargin()));
-    text->setFixedHeight(text->fontMetrics().lineSpacing() * lines + margins);
+// What is said about the last command, in at most three lines.
+QPlainTextEdit* MakeStatus(ui::TextBox& control, QWidget* parent) {
+  constexpr int kLines = 3;
+  auto* const text = MakeWidget<QPlainTextEdit>(control, parent);
+  text->setFont(FixedFont());
+  const int margins = 2 * (text->frameWidth() + qRound(text->document()->documentMargin()));
+  text->setFixedHeight(text->fontMetrics().lineSpacing() * kLines + margins);
+  return text;
+}
+
+// One of the two faces, with `share` of its width for its own controls at the left. A window that
+// opens shows one face for good, and that one gets the output at its right.
+class Face final : public QFrame {
+ public:
+  Face(ui::Frame& frame, double share, QWidget* parent)
+      : QFrame(parent), grid_(new QGridLayout(this)) {
+    constexpr int kWhole = 100;
+    Bind(frame, *this);
+    grid_->setContentsMargins(0, 0, 0, 0);
+    const int left = qRound(share * kWhole);
+    grid_->setColumnStretch(0, left);
+    grid_->setColumnStretch(1, kWhole - left);
+    grid_->setRowStretch(0, 1);
   }
-  return box;
+
+  QGridLayout& Grid() { return *grid_; }
+  // Only after the face's own controls, as the Tab key goes.
+  void AddOutput(commands::CommWindow& form) {
+    if (!isHidden()) grid_->addWidget(new OutputArea(form, this), 0, 1);
+  }
+
+ private:
+  QGridLayout* grid_;
+};
+
+void AddTitled(QBoxLayout& column, QLabel* title, QWidget* field) {
+  title->setBuddy(field);
+  column.addWidget(title);
+  column.addWidget(field);
 }
 
-// Makes the frame of a face, with `share` of its width for its own controls at the left. A window
-// that opens shows one face for good, and that one gets the output at its right.
-QFrame* MakeFace(ui::Form& form, const char* name, double share, QWidget& view) {
-  auto* const control = form.Find<ui::Frame>(name);
-  auto* const face = new QFrame(&view);
-  auto* const grid = new QGridLayout(face);
-  if (control == nullptr) return face;
-  Bind(*control, *face);
-  grid->setContentsMargins(0, 0, 0, 0);
-  constexpr int kWhole = 100;
-  const int left = qRound(share * kWhole);
-  grid->setColumnStretch(0, left);
-  grid->setColumnStretch(1, kWhole - left);
-  grid->setRowStretch(0, 1);
-  return face;
-}
-
-// Only after the face's own controls, as the Tab key goes.
-void AddOutput(ui::Form& form, QFrame& face, QGridLayout& grid) {
-  if (!face.isHidden()) grid.addWidget(new OutputArea(form, &face), 0, 1);
-}
-
-QWidget* AddTitled(QBoxLayout& column, QWidget* title, QWidget* field) {
-  if (auto* const label = qobject_cast<QLabel*>(title)) label->setBuddy(field);
-  if (title != nullptr) column.addWidget(title);
-  if (field != nullptr) column.addWidget(field);
-  return field;
-}
-
-template <typename Kind>
-QWidget* AddTitled(const ui::Form& form, QBoxLayout& column, const char* title, const char* field,
-                   QWidget& face) {
-  QWidget* const label = MakeWidget<ui::Label>(form, title, -1, &face);
-  return AddTitled(column, label, MakeWidget<Kind>(form, field, -1, &face));
+template <typename Widget, typename Kind>
+Widget& AddTitled(ui::Label& title, Kind& control, QBoxLayout& column, QWidget& face) {
+  auto* const label = MakeWidget<QLabel>(title, &face);
+  auto* const field = MakeWidget<Widget>(control, &face);
+  AddTitled(column, label, field);
+  return *field;
 }
 
 // Narrower than its longest row if it must be.
-void LetShrink(QWidget* combo) {
-  auto* const box = qobject_cast<QComboBox*>(combo);
-  if (box == nullptr) return;
-  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box->setMinimumContentsLength(12);
+void LetShrink(QComboBox& box) {
+  box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  box.setMinimumContentsLength(12);
 }
 
-template <typename Widget>
-void AddButton(const ui::Form& form, const char* name, Widget* button, QBoxLayout& row,
-               int stretch) {
-  auto* const control = form.Find<ui::Button>(name);
-  if (control == nullptr) return;
-  Bind(*control, *button);
+void AddStop(ui::Button& control, double scale, QBoxLayout& row, int stretch, QWidget& face) {
+  auto* const button = new StopButton(scale, &face);
+  Bind(control, *button);
   row.addWidget(button, stretch);
 }
 
-void AddFind(const ui::Form& form, QBoxLayout& column, QWidget& face) {
+void AddFind(commands::CommWindow& form, QBoxLayout& column, QWidget& face) {
   auto* const row = new QHBoxLayout;
-  QWidget* const field = AddTitled<ui::TextBox>(form, *row, "LblFind", "TxtFind", face);
-  if (auto* const edit = qobject_cast<QLineEdit*>(field)) {
-    edit->setPlaceholderText("a few letters of a command");
-    edit->setClearButtonEnabled(true);
-  }
-  if (QWidget* const found = MakeWidget<ui::Label>(form, "LblFound", -1, &face)) {
-    row->addWidget(found);
-  }
+  auto& field = AddTitled<QLineEdit>(form.LblFind, form.TxtFind, *row, face);
+  field.setPlaceholderText("a few letters of a command");
+  field.setClearButtonEnabled(true);
+  row->addWidget(MakeWidget<QLabel>(form.LblFound, &face));
   column.addLayout(row);
 }
 
+void AddCommands(commands::CommWindow& form, QBoxLayout& column, QWidget& face) {
+  auto* const title = MakeWidget<QLabel>(form.LblCmdS, &face);
+  column.addWidget(title);
+  for (int group = 0; group < commands::kCommandGroups; ++group) {
+    auto* const list = MakeWidget<RowList>(form.LstCsingle(group), &face);
+    list->setMinimumHeight(Em(face) * 4);
+    list->setAccessibleName(title->text());
+    column.addWidget(list, 1);
+  }
+}
+
 // What can be sent, and what sends it.
-QLayout* MakeChoice(const ui::Form& form, QWidget& face) {
+QLayout* MakeChoice(commands::CommWindow& form, QWidget& face) {
   auto* const column = new QVBoxLayout;
   column->setSpacing(Em(face) / 3);
-  LetShrink(AddTitled<ui::ComboBox>(form, *column, "LblCmdT", "CmbCtype", face));
+  LetShrink(AddTitled<QComboBox>(form.LblCmdT, form.CmbCtype, *column, face));
   AddFind(form, *column, face);
-  auto* const title = qobject_cast<QLabel*>(MakeWidget<ui::Label>(form, "LblCmdS", -1, &face));
-  if (title != nullptr) column->addWidget(title);
-  for (int group = 0; group < commands::kCommandGroups; ++group) {
-    QWidget* const list = MakeWidget<ui::ListBox>(form, "LstCsingle", group, &face);
-    if (list == nullptr) continue;
-    list->setMinimumHeight(Em(face) * 4);
-    if (title != nullptr) list->setAccessibleName(title->text());
-    column->addWidget(list, 1);
-  }
-  QWidget* const recent = AddTitled<ui::ComboBox>(form, *column, "LblRecent", "CmbRecent", face);
+  AddCommands(form, *column, face);
+  auto& recent = AddTitled<QComboBox>(form.LblRecent, form.CmbRecent, *column, face);
   LetShrink(recent);
-  if (auto* const box = qobject_cast<QComboBox*>(recent)) {
-    box->setPlaceholderText("choose one to take it up again");
-  }
+  recent.setPlaceholderText("choose one to take it up again");
   auto* const buttons = new QHBoxLayout;
-  AddButton(form, "CmdExec", new SendButton(&face), *buttons, 3);
-  AddButton(form, "CmdStop", new StopButton(1.1, &face), *buttons, 1);
+  buttons->addWidget(MakeWidget<SendButton>(form.CmdExec, &face), 3);
+  AddStop(form.CmdStop, 1.1, *buttons, 1, face);
   column->addLayout(buttons);
   return column;
 }
 
 // What went over the line and how it ended.
-QLayout* MakeExchange(const ui::Form& form, QWidget& face) {
-  struct Field {
-    const char* Title;
-    int Index;
-    int Row;
-    int RowSpan;
-    int Column;
-  };
-  constexpr Field kFields[] = {
-      {"Sent", 0, 0, 1, 0}, {"Received", 1, 1, 1, 0}, {"Status", 2, 0, 2, 2}};
+QLayout* MakeExchange(commands::CommWindow& form, QWidget& face) {
   auto* const grid = new QGridLayout;
-  for (const Field& field : kFields) {
-    auto* const title = new QLabel(QString::fromLatin1(field.Title), &face);
-    QWidget* const text = MakeStatusText(form, "TxtIO", field.Index, 3, &face);
+  const auto add = [&](const char* words, QWidget* text, int row, int rows, int column) {
+    auto* const title = new QLabel(words, &face);
     title->setBuddy(text);
-    grid->addWidget(title, field.Row, field.Column);
-    grid->addWidget(text, field.Row, field.Column + 1, field.RowSpan, 1);
-  }
+    grid->addWidget(title, row, column);
+    grid->addWidget(text, row, column + 1, rows, 1);
+  };
+  const auto makeLine = [&](int index) {
+    auto* const line = MakeWidget<QLineEdit>(form.TxtIO(index), &face);
+    line->setFont(FixedFont());
+    return line;
+  };
+  add("Sent", makeLine(0), 0, 1, 0);
+  add("Received", makeLine(1), 1, 1, 0);
+  add("Status", MakeStatus(form.TxtIO(2), &face), 0, 2, 2);
   grid->setColumnStretch(1, 3);
   grid->setColumnStretch(3, 2);
   return grid;
 }
 
-QWidget* MakeCommandFace(ui::Form& form, QWidget& view) {
-  QFrame* const face = MakeFace(form, "FrmSingle", 0.36, view);
-  auto& grid = static_cast<QGridLayout&>(*face->layout());
-  grid.addLayout(MakeChoice(form, *face), 0, 0);
-  grid.addLayout(MakeExchange(form, *face), 1, 0, 1, 2);
-  AddOutput(form, *face, grid);
+QWidget* MakeCommandFace(commands::CommWindow& form, QWidget& view) {
+  auto* const face = new Face(form.FrmSingle, 0.36, &view);
+  face->Grid().addLayout(MakeChoice(form, *face), 0, 0);
+  face->Grid().addLayout(MakeExchange(form, *face), 1, 0, 1, 2);
+  face->AddOutput(form);
   return face;
 }
 
+OptionCard* MakeOption(ui::OptionButton& control, QWidget& face) {
+  auto* const card = new OptionCard(&face);
+  Bind(control, *card).Follow({&control.Tag}, [&control, card] {
+    card->ShowRunning(control.Tag.Get() == commands::kRunningTag);
+  });
+  return card;
+}
+
 // The options, one column after the other.
-QLayout* MakeOptions(const ui::Form& form, QWidget& face) {
+QLayout* MakeOptions(commands::CommWindow& form, QWidget& face) {
   constexpr int kRows = (commands::kMaintenanceOptions + 1) / 2;
   auto* const grid = new QGridLayout;
   grid->setSpacing(Em(face) / 3);
   for (int option = 0; option < commands::kMaintenanceOptions; ++option) {
-    auto* const control = form.Find<ui::OptionButton>("Option1", option);
-    if (control == nullptr) continue;
-    auto* const card = new OptionCard(&face);
-    Binding& binding = Bind(*control, *card);
-    binding.Follow({&control->Tag}, [control, card] {
-      card->ShowRunning(control->Tag.Get() == commands::kRunningTag);
-    });
-    grid->addWidget(card, option % kRows, option / kRows);
+    grid->addWidget(MakeOption(form.Option1(option), face), option % kRows, option / kRows);
   }
   return grid;
 }
 
-QWidget* MakeMaintenanceFace(ui::Form& form, QWidget& view) {
+QWidget* MakeMaintenanceFace(commands::CommWindow& form, QWidget& view) {
   constexpr double kHaltScale = 2.4;
-  QFrame* const face = MakeFace(form, "FrmMulti", 0.44, view);
-  auto& grid = static_cast<QGridLayout&>(*face->layout());
+  auto* const face = new Face(form.FrmMulti, 0.44, &view);
   auto* const column = new QVBoxLayout;
   column->addLayout(MakeOptions(form, *face), 1);
-  AddButton(form, "CmdMultExec", new SendButton(face), *column, 0);
-  grid.addLayout(column, 0, 0);
+  column->addWidget(MakeWidget<SendButton>(form.CmdMultExec, face));
+  face->Grid().addLayout(column, 0, 0);
   auto* const halt = new QVBoxLayout;
-  AddButton(form, "CmdMultStop", new StopButton(kHaltScale, face), *halt, 0);
-  grid.addLayout(halt, 1, 0);
+  AddStop(form.CmdMultStop, kHaltScale, *halt, 0, *face);
+  face->Grid().addLayout(halt, 1, 0);
   auto* const status = new QVBoxLayout;
-  AddTitled(*status, new QLabel("Status", face), MakeStatusText(form, "TxtIOm", -1, 3, face));
-  grid.addLayout(status, 1, 1);
-  AddOutput(form, *face, grid);
+  AddTitled(*status, new QLabel("Status", face), MakeStatus(form.TxtIOm, face));
+  face->Grid().addLayout(status, 1, 1);
+  face->AddOutput(form);
   return face;
 }
 
 }  // namespace
 
-QWidget* MakeFormCommView(ui::Form& form, QWidget* parent) {
+QWidget* MakeFormCommView(commands::FormComm& form, QWidget* parent) {
   auto* const view = new CommArea(parent);
   auto* const rows = new QVBoxLayout(view);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -221,9 +208,9 @@ QWidget* MakeFormCommView(ui::Form& form, QWidget* parent) {
   faces->setContentsMargins(margin, margin, margin, margin);
   faces->addWidget(MakeCommandFace(form, *view));
   faces->addWidget(MakeMaintenanceFace(form, *view));
-  if (QWidget* const on = MakeWidget<ui::Label>(form, "LblOn", -1, view)) faces->addWidget(on);
+  faces->addWidget(MakeWidget<QLabel>(form.LblOn, view));
   rows->addLayout(faces, 1);
-  AddDebugFrame(form, *view, *rows);
+  AddDebugFrame(form.FrmDbg, form.TxtDbgIO, *view, *rows);
   return view;
 }
 

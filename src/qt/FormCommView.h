@@ -2,10 +2,12 @@
 // Maintenance Menu, at the left; the sensor panels and the report at the right.
 #pragma once
 
-#include "qt/FormWindow.h"
+#include <QWidget>
+
+#include "commands/FormComm.h"
 
 namespace tintbench::desktop {
 
-QWidget* MakeFormCommView(ui::Form& form, QWidget* parent);
+QWidget* MakeFormCommView(commands::FormComm& form, QWidget* parent);
 
 }  // namespace tintbench::desktop

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "qt/Binder.h"
@@ -15,35 +16,28 @@ namespace tintbench::desktop {
 namespace {
 
 // The level, ready to be typed over.
-void AddLevel(ui::Form& form, QWidget& view, QBoxLayout& rows) {
-  auto* const frame = form.Find<ui::Frame>("FrmDbgEdit");
-  auto* const text = form.Find<ui::TextBox>("TxtDbgLev");
-  if (frame == nullptr || text == nullptr) return;
-  auto* const group = new QGroupBox(&view);
-  Bind(*frame, *group);
-  auto* const level = new QLineEdit(group);
-  Bind(*text, *level);
+void AddLevel(shell::FormDbg& form, QWidget& view, QBoxLayout& rows) {
+  auto* const group = MakeWidget<QGroupBox>(form.FrmDbgEdit, &view);
+  auto* const level = MakeWidget<QLineEdit>(form.TxtDbgLev, group);
   level->selectAll();
   (new QHBoxLayout(group))->addWidget(level);
   rows.addWidget(group);
 }
 
 // Nothing moves when the refusal comes.
-void AddRefusal(ui::Form& form, QWidget& view, QBoxLayout& rows) {
-  QWidget* const refusal = MakeWidget<ui::Label>(form, "LblRefused", -1, &view);
-  if (refusal == nullptr) return;
+void AddRefusal(shell::FormDbg& form, QWidget& view, QBoxLayout& rows) {
+  auto* const refusal = MakeWidget<QLabel>(form.LblRefused, &view);
   QSizePolicy policy = refusal->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   refusal->setSizePolicy(policy);
   rows.addWidget(refusal);
 }
 
-void AddButtons(ui::Form& form, QWidget& view, QBoxLayout& rows) {
+void AddButtons(shell::FormDbg& form, QWidget& view, QBoxLayout& rows) {
   auto* const row = new QHBoxLayout;
   row->addStretch();
-  for (const char* name : {"CmdOk", "CmdCancel"}) {
-    QWidget* const button = MakeWidget<ui::Button>(form, name, -1, &view);
-    if (button != nullptr) row->addWidget(button);
+  for (ui::Button* button : {&form.CmdOk, &form.CmdCancel}) {
+    row->addWidget(MakeWidget<QPushButton>(*button, &view));
   }
   rows.addLayout(row);
 }
@@ -56,7 +50,7 @@ int WidthOfTitle(const ui::Form& form, const QWidget& view) {
 
 }  // namespace
 
-QWidget* MakeFormDbgView(ui::Form& form, QWidget* parent) {
+QWidget* MakeFormDbgView(shell::FormDbg& form, QWidget* parent) {
   auto* const view = new QWidget(parent);
   auto* const rows = new QVBoxLayout(view);
   AddLevel(form, *view, *rows);

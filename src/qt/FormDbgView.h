@@ -1,10 +1,12 @@
 // The dialog of the debug level.
 #pragma once
 
-#include "qt/FormWindow.h"
+#include <QWidget>
+
+#include "shell/FormDbg.h"
 
 namespace tintbench::desktop {
 
-QWidget* MakeFormDbgView(ui::Form& form, QWidget* parent);
+QWidget* MakeFormDbgView(shell::FormDbg& form, QWidget* parent);
 
 }  // namespace tintbench::desktop

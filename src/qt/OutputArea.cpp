@@ -4,13 +4,13 @@
 #include <QFontDatabase>
 #include <QGroupBox>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "qt/Binder.h"
 #include "qt/Look.h"
 #include "qt/SensorPanelView.h"
-#include "state/SensorPanels.h"
 
 namespace tintbench::desktop {
 
@@ -20,14 +20,10 @@ int Along(const QSize& size, Qt::Orientation direction) {
   return direction == Qt::Horizontal ? size.width() : size.height();
 }
 
-QWidget* MakeReport(const ui::Form& form, QWidget* parent) {
+QWidget* MakeReport(commands::CommWindow& form, QWidget* parent) {
   constexpr int kLeastAcross = 24;
-  auto* const frame = form.Find<ui::Frame>("FrameOutput");
-  if (frame == nullptr) return nullptr;
-  auto* const report = new QGroupBox(parent);
-  Bind(*frame, *report);
-  QWidget* const text = MakeWidget<ui::TextBox>(form, "TextOutput", -1, report);
-  if (text == nullptr) return report;
+  auto* const report = MakeWidget<QGroupBox>(form.FrameOutput, parent);
+  auto* const text = MakeWidget<QPlainTextEdit>(form.TextOutput, report);
   text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kLeastAcross);
   text->setAccessibleName(report->title());
@@ -40,9 +36,10 @@ QWidget* MakeReport(const ui::Form& form, QWidget* parent) {
 
 }  // namespace
 
-OutputArea::OutputArea(ui::Form& form, QWidget* parent) : QWidget(parent) {
+OutputArea::OutputArea(commands::CommWindow& form, QWidget* parent) : QWidget(parent) {
   const auto panel = [&](int number, double weight) {
-    return Block{.Weight = weight, .Widget = MakeSensorPanel(form, number, this)};
+    return Block{.Weight = weight,
+                 .Widget = MakeSensorPanel(form.Panels, number, form.LblTitle(number), this)};
   };
   const Block inputs = panel(state::kInputPanel, 1);
   const Block upper{.Weight = 2,

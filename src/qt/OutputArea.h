@@ -6,13 +6,13 @@
 #include <QWidget>
 #include <vector>
 
-#include "ui/Form.h"
+#include "commands/CommWindow.h"
 
 namespace tintbench::desktop {
 
 class OutputArea final : public QWidget {
  public:
-  OutputArea(ui::Form& form, QWidget* parent);
+  OutputArea(commands::CommWindow& form, QWidget* parent);
 
  protected:
   bool event(QEvent* event) override;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <initializer_list>
-#include <optional>
 #include <utility>
 
 #include "state/SensorPanels.h"
@@ -59,35 +58,34 @@ QRect Scaled(const QRectF& place, const QSize& area) {
 // One panel with its head.
 class PanelArea::Place final {
  public:
-  Place(PanelArea& area, ui::Frame& frame, QWidget& panel, ui::Button* button, QWidget* head)
-      : panel_(panel), head_(head), frame_(frame, [&area] { area.Arrange(); }) {
-    if (button != nullptr && head != nullptr) button_.emplace(*button, [&area] { area.Arrange(); });
-  }
+  Place(PanelArea& area, ui::Frame& frame, QWidget& panel, ui::Button& button, QWidget& head)
+      : panel_(panel),
+        head_(head),
+        frame_(frame, [&area] { area.Arrange(); }),
+        button_(button, [&area] { area.Arrange(); }) {}
 
   // A head that is too low for its title gets what it needs from the panel below it.
   void Arrange(const QSize& area) {
+    QRect head = Scaled(button_.Place(), area);
+    head.setHeight(std::max(head.height(), head_.sizeHint().height()));
+    head_.setGeometry(head);
     QRect place = Scaled(frame_.Place(), area);
-    if (button_) {
-      QRect head = Scaled(button_->Place(), area);
-      head.setHeight(std::max(head.height(), head_->sizeHint().height()));
-      head_->setGeometry(head);
-      place.setTop(std::max(place.top(), head.bottom() + 1));
-    }
+    place.setTop(std::max(place.top(), head.bottom() + 1));
     panel_.setGeometry(place);
   }
 
  private:
   QWidget& panel_;
-  QWidget* head_;
+  QWidget& head_;
   PlaceWatch frame_;
-  std::optional<PlaceWatch> button_;
+  PlaceWatch button_;
 };
 
 PanelArea::PanelArea(QWidget* parent) : QWidget(parent) {}
 
 PanelArea::~PanelArea() = default;
 
-void PanelArea::Add(ui::Frame& frame, QWidget& panel, ui::Button* button, QWidget* head) {
+void PanelArea::Add(ui::Frame& frame, QWidget& panel, ui::Button& button, QWidget& head) {
   places_.push_back(std::make_unique<Place>(*this, frame, panel, button, head));
   Arrange();
 }

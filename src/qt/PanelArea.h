@@ -15,9 +15,8 @@ class PanelArea final : public QWidget {
   explicit PanelArea(QWidget* parent);
   ~PanelArea() override;
 
-  // The panel shows `frame`. Above it stands `head`, which shows `button`; a window without such
-  // buttons gives neither.
-  void Add(ui::Frame& frame, QWidget& panel, ui::Button* button, QWidget* head);
+  // The panel shows `frame`. Above it stands `head`, which shows `button`.
+  void Add(ui::Frame& frame, QWidget& panel, ui::Button& button, QWidget& head);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

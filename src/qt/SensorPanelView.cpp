@@ -11,6 +11,7 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <array>
+#include <initializer_list>
 
 #include "qt/Binder.h"
 #include "qt/Binding.h"
@@ -22,28 +23,18 @@
 #include "qt/QtText.h"
 #include "qt/SensorIndicator.h"
 #include "qt/SensorRows.h"
-#include "state/SensorPanels.h"
 
 namespace tintbench::desktop {
 
 namespace {
 
-// The names of a panel's controls.
-struct PanelNames {
-  const char* State;  // the label that says how the panel does
-  std::array<const char*, 2> LifeSigns;
-  const char* Button;
-  const char* Lamp;
-  const char* Square;
-  const char* Name;
+// The controls of the rows of a panel of sensors.
+struct RowControls {
+  ui::ControlArray<ui::CheckBox>& Buttons;
+  ui::ControlArray<ui::Shape>& Lamps;
+  ui::ControlArray<ui::CheckBox>& Squares;
+  ui::ControlArray<ui::Label>& Names;
 };
-
-constexpr std::array<PanelNames, state::kPanels> kNames{{
-    {"ILabel1", {"IpShape1", "IpShape2"}, "ICheck1", "IShape3", "ICheck2", "ILabel3"},
-    {"OLabel1", {"OpShape1", "OpShape2"}, "OCheck1", "OShape3", "OCheck2", "OLabel3"},
-    {"ErLabel1", {"ErpShape1", "ErpShape2"}, "", "", "", ""},
-    {"", {"", ""}, "", "", "", ""},
-}};
 
 constexpr std::array<const char*, state::kPanels> kHeadTips{
     "Large or back: Ctrl+I\nHow sensors are shown: Shift+I or the right button",
@@ -77,9 +68,8 @@ class RowName final : public QLabel {
 };
 
 // A dot that keeps its place while it is hidden, so that nothing around it moves.
-void AddLifeSign(ui::Form& form, const char* name, QBoxLayout& row, QWidget& parent) {
-  QWidget* const dot = MakeWidget<ui::Shape>(form, name, -1, &parent);
-  if (dot == nullptr) return;
+void AddLifeSign(ui::Shape& sign, QBoxLayout& row, QWidget& parent) {
+  auto* const dot = MakeWidget<FigureWidget>(sign, &parent);
   QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   policy.setRetainSizeWhenHidden(true);
   dot->setSizePolicy(policy);
@@ -89,18 +79,16 @@ void AddLifeSign(ui::Form& form, const char* name, QBoxLayout& row, QWidget& par
   row.addWidget(dot, 0, Qt::AlignVCenter);
 }
 
-// What the panel says about itself, with its life signs.
-void AddStateLine(ui::Form& form, const PanelNames& names, bool prominent, Card& card) {
+// What the panel says about itself, with its life signs. The label is given back.
+QLabel& AddStateLine(ui::Label& state, std::initializer_list<ui::Shape*> lifeSigns, Card& card) {
   auto* const row = new QHBoxLayout;
-  QWidget* const made = MakeWidget<ui::Label>(form, names.State, -1, &card);
-  if (auto* const label = qobject_cast<QLabel*>(made)) {
-    label->setWordWrap(true);
-    label->setMinimumHeight(Em(card));
-    if (prominent) label->setFont(ScaledFont(card, 1.2, true));
-    row->addWidget(label, 1);
-  }
-  for (const char* sign : names.LifeSigns) AddLifeSign(form, sign, *row, card);
+  auto* const label = MakeWidget<QLabel>(state, &card);
+  label->setWordWrap(true);
+  label->setMinimumHeight(Em(card));
+  row->addWidget(label, 1);
+  for (ui::Shape* sign : lifeSigns) AddLifeSign(*sign, *row, card);
   card.Body().addLayout(row);
+  return *label;
 }
 
 // The state in words, for those who hear it.
@@ -131,35 +119,29 @@ void Speak(const Sensor& sensor, const Kind& control, Binding& binding,
   binding.Follow(state, tell);
 }
 
-QWidget* MakeIndicator(const ui::Form& form, const char* name, int index,
-                       SensorIndicator::Form shape, const Sensor& sensor, QWidget* parent) {
-  auto* const box = form.Find<ui::CheckBox>(name, index);
-  if (box == nullptr) return nullptr;
+QWidget* MakeIndicator(ui::CheckBox& box, SensorIndicator::Form shape, const Sensor& sensor,
+                       QWidget* parent) {
   auto* const indicator = new SensorIndicator(shape, parent);
-  Speak(sensor, *box, Bind(*box, *indicator), {&box->Value, &box->BackColor}, *indicator);
+  Speak(sensor, box, Bind(box, *indicator), {&box.Value, &box.BackColor}, *indicator);
   return indicator;
 }
 
-QWidget* MakeLamp(const ui::Form& form, const char* name, int index, const Sensor& sensor,
-                  QWidget* parent) {
-  auto* const shape = form.Find<ui::Shape>(name, index);
-  if (shape == nullptr) return nullptr;
+QWidget* MakeLamp(ui::Shape& shape, const Sensor& sensor, QWidget* parent) {
   auto* const lamp = new FigureWidget(parent);
-  Speak(sensor, *shape, Bind(*shape, *lamp), {&shape->Sign}, *lamp);
+  Speak(sensor, shape, Bind(shape, *lamp), {&shape.Sign}, *lamp);
   return lamp;
 }
 
-void FillRows(const ui::Form& form, const PanelNames& names, SensorRows& rows) {
-  for (int index = 0;; ++index) {
-    auto* const label = form.Find<ui::Label>(names.Name, index);
-    if (label == nullptr) return;
+void FillRows(const RowControls& controls, SensorRows& rows) {
+  using Form = SensorIndicator::Form;
+  for (int index = 0; index < controls.Names.Count(); ++index) {
+    ui::Label& label = controls.Names(index);
     auto* const name = new RowName(&rows);
-    const Sensor sensor{*label, Bind(*label, *name)};
-    using Form = SensorIndicator::Form;
+    const Sensor sensor{label, Bind(label, *name)};
     const SensorRows::Indicators indicators{
-        MakeIndicator(form, names.Button, index, Form::Pill, sensor, &rows),
-        MakeLamp(form, names.Lamp, index, sensor, &rows),
-        MakeIndicator(form, names.Square, index, Form::Square, sensor, &rows)};
+        MakeIndicator(controls.Buttons(index), Form::Pill, sensor, &rows),
+        MakeLamp(controls.Lamps(index), sensor, &rows),
+        MakeIndicator(controls.Squares(index), Form::Square, sensor, &rows)};
     rows.AddRow(indicators, *name);
   }
 }
@@ -203,18 +185,22 @@ class RowScroll final : public QScrollArea {
   SensorRows* rows_;
 };
 
-void AddRows(const ui::Form& form, const PanelNames& names, Card& card) {
+void AddRows(const RowControls& controls, Card& card) {
   auto* const scroll = new RowScroll(&card);
-  FillRows(form, names, scroll->Rows());
+  FillRows(controls, scroll->Rows());
   scroll->TakeRows();
   scroll->setAccessibleName(card.accessibleName());
   card.Body().addWidget(scroll, 1);
 }
 
-void FillSensorPanel(ui::Form& form, int panel, Card& card) {
-  const PanelNames& names = kNames.at(static_cast<std::size_t>(panel));
-  AddStateLine(form, names, false, card);
-  AddRows(form, names, card);
+void FillInputPanel(state::SensorPanels& panels, Card& card) {
+  AddStateLine(panels.ILabel1, {&panels.IpShape1, &panels.IpShape2}, card);
+  AddRows({panels.ICheck1, panels.IShape3, panels.ICheck2, panels.ILabel3}, card);
+}
+
+void FillOutputPanel(state::SensorPanels& panels, Card& card) {
+  AddStateLine(panels.OLabel1, {&panels.OpShape1, &panels.OpShape2}, card);
+  AddRows({panels.OCheck1, panels.OShape3, panels.OCheck2, panels.OLabel3}, card);
 }
 
 // The errors' texts, larger in a large panel.
@@ -235,38 +221,32 @@ class ErrorTexts final : public QPlainTextEdit {
   }
 };
 
-void FillStatusPanel(ui::Form& form, int panel, Card& card) {
-  AddStateLine(form, kNames.at(static_cast<std::size_t>(panel)), true, card);
-  auto* const texts = form.Find<ui::TextBox>("ErText1");
-  if (texts == nullptr) return card.Body().addStretch();
-  auto* const widget = new ErrorTexts(&card);
-  Bind(*texts, *widget, Reading::KeepsItsPlace);
-  card.Body().addWidget(widget, 1);
+void FillStatusPanel(state::SensorPanels& panels, Card& card) {
+  AddStateLine(panels.ErLabel1, {&panels.ErpShape1, &panels.ErpShape2}, card)
+      .setFont(ScaledFont(card, 1.2, true));
+  auto* const texts = new ErrorTexts(&card);
+  Bind(panels.ErText1, *texts, Reading::KeepsItsPlace);
+  card.Body().addWidget(texts, 1);
 }
 
-void FillCardPanel(ui::Form& form, int, Card& card) {
-  if (auto* const picture = form.Find<ui::PictureBox>("GRPicIOcard")) {
-    auto* const widget = new PictureWidget(&card);
-    widget->KeepShape(true);
-    widget->setAccessibleName(card.accessibleName());
-    Bind(*picture, *widget);
-    card.Body().addWidget(widget, 1);
-  }
-  QWidget* const legend = MakeWidget<ui::Label>(form, "GRLabel1", -1, &card);
-  if (legend != nullptr) card.Body().addWidget(legend);
+void FillCardPanel(state::SensorPanels& panels, Card& card) {
+  auto* const picture = new PictureWidget(&card);
+  picture->KeepShape(true);
+  picture->setAccessibleName(card.accessibleName());
+  Bind(panels.GRPicIOcard, *picture);
+  card.Body().addWidget(picture, 1);
+  card.Body().addWidget(MakeWidget<QLabel>(panels.GRLabel1, &card));
 }
 
-using Filler = void (*)(ui::Form& form, int panel, Card& card);
-constexpr std::array<Filler, state::kPanels> kFillers{FillSensorPanel, FillSensorPanel,
+using Filler = void (*)(state::SensorPanels& panels, Card& card);
+constexpr std::array<Filler, state::kPanels> kFillers{FillInputPanel, FillOutputPanel,
                                                       FillStatusPanel, FillCardPanel};
 
 // The title of a panel that has no head.
-void AddTitle(const ui::Form& form, int panel, Card& card) {
-  auto* const label = form.Find<ui::Label>("LblTitle", panel);
-  if (label == nullptr) return;
-  QWidget* const title = MakeWidget(*label, &card);
+void AddTitle(ui::Label& label, Card& card) {
+  auto* const title = MakeWidget<QLabel>(label, &card);
   title->setFont(ScaledFont(card, 1, true));
-  card.setAccessibleName(ToQtSpoken(label->Caption.Get()));
+  card.setAccessibleName(ToQtSpoken(label.Caption.Get()));
   card.Body().addWidget(title);
 }
 
@@ -293,33 +273,32 @@ PanelHead* MakeHead(ui::Button& button, int panel, QWidget& parent) {
   return head;
 }
 
-void FillPanel(ui::Form& form, int panel, ui::Frame& frame, Card& card) {
-  Binding& binding = Bind(frame, static_cast<QFrame&>(card));
-  kFillers.at(static_cast<std::size_t>(panel))(form, panel, card);
+void FillPanel(state::SensorPanels& panels, int panel, Card& card) {
+  ui::Frame& frame = panels.Frame(panel);
+  Binding& binding = Bind(frame, card);
+  kFillers.at(static_cast<std::size_t>(panel))(panels, card);
   FadeWith(frame, binding, card);
 }
 
 }  // namespace
 
-QWidget* MakeSensorPanel(ui::Form& form, int panel, QWidget* parent) {
-  auto* const frame = form.Find<ui::Frame>("Frame", panel);
-  if (frame == nullptr) return nullptr;
+QWidget* MakeSensorPanel(state::SensorPanels& panels, int panel, ui::Label& title,
+                         QWidget* parent) {
   auto* const card = new Card(parent);
-  AddTitle(form, panel, *card);
-  FillPanel(form, panel, *frame, *card);
+  AddTitle(title, *card);
+  FillPanel(panels, panel, *card);
   return card;
 }
 
-void AddSensorPanels(ui::Form& form, PanelArea& area) {
+void AddSensorPanels(state::SensorPanels& panels, ui::ControlArray<ui::Button>& buttons,
+                     PanelArea& area) {
   for (int panel = 0; panel < state::kPanels; ++panel) {
-    auto* const frame = form.Find<ui::Frame>("Frame", panel);
-    if (frame == nullptr) continue;
-    auto* const button = form.Find<ui::Button>("CmdResize", panel);
-    QWidget* const head = button == nullptr ? nullptr : MakeHead(*button, panel, area);
+    ui::Button& button = buttons(panel);
+    PanelHead* const head = MakeHead(button, panel, area);
     auto* const card = new Card(&area);
-    if (button != nullptr) card->setAccessibleName(ToQtSpoken(button->Caption.Get()));
-    FillPanel(form, panel, *frame, *card);
-    area.Add(*frame, *card, button, head);
+    card->setAccessibleName(ToQtSpoken(button.Caption.Get()));
+    FillPanel(panels, panel, *card);
+    area.Add(panels.Frame(panel), *card, button, *head);
   }
 }
 

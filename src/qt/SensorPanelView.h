@@ -1,19 +1,19 @@
-// The views of the sensor panels, for every window that carries their controls.
+// The views of the sensor panels, for every window that carries them.
 #pragma once
 
 #include <QWidget>
 
-#include "ui/Form.h"
+#include "state/SensorPanels.h"
 
 namespace tintbench::desktop {
 
 class PanelArea;
 
-// Makes the panels that the window has, with heads for their buttons, and puts them into `area`.
-void AddSensorPanels(ui::Form& form, PanelArea& area);
+// Makes the panels, with heads for the buttons above them, and puts them into `area`.
+void AddSensorPanels(state::SensorPanels& panels, ui::ControlArray<ui::Button>& buttons,
+                     PanelArea& area);
 
-// Makes one panel, with its title. nullptr if the window doesn't have it. Its least width is what
-// it takes to read it.
-QWidget* MakeSensorPanel(ui::Form& form, int panel, QWidget* parent);
+// Makes one panel with a title. Its least width is what it takes to read it.
+QWidget* MakeSensorPanel(state::SensorPanels& panels, int panel, ui::Label& title, QWidget* parent);
 
 }  // namespace tintbench::desktop

@@ -1,5 +1,6 @@
 #include "qt/SplashView.h"
 
+#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QVBoxLayout>
@@ -91,35 +92,31 @@ class StripedPanel : public QWidget {
 
 class SplashPanel final : public StripedPanel {
  public:
-  SplashPanel(ui::Form& form, QWidget* parent);
+  SplashPanel(shell::frmSplsh& form, QWidget* parent);
 };
 
+void AddWords(ui::Label& control, double scale, bool bold, QBoxLayout& column, QWidget& panel) {
+  auto* const words = MakeWidget<QLabel>(control, &panel);
+  words->setFont(ScaledFont(panel, scale, bold));
+  column.addWidget(words);
+}
+
 // How link-up does, in lines that are there even while they say nothing.
-void AddSteps(ui::Form& form, QWidget& panel, std::initializer_list<const char*> names,
-              QBoxLayout& column) {
-  for (const char* name : names) {
-    QWidget* const label = MakeWidget<ui::Label>(form, name, -1, &panel);
-    if (label == nullptr) continue;
+void AddSteps(std::initializer_list<ui::Label*> lines, QBoxLayout& column, QWidget& panel) {
+  for (ui::Label* line : lines) {
+    auto* const label = MakeWidget<QLabel>(*line, &panel);
     label->setMinimumHeight(Em(panel));
     column.addWidget(label);
   }
 }
 
-SplashPanel::SplashPanel(ui::Form& form, QWidget* parent) : StripedPanel(parent) {
+SplashPanel::SplashPanel(shell::frmSplsh& form, QWidget* parent) : StripedPanel(parent) {
   auto* const words = new QVBoxLayout;
   words->addStretch(2);
-  QWidget* const name = MakeWidget<ui::Label>(form, "lblProductName", -1, this);
-  if (name != nullptr) {
-    name->setFont(ScaledFont(*this, 3.2, true));
-    words->addWidget(name);
-  }
-  QWidget* const version = MakeWidget<ui::Label>(form, "lblVersion", -1, this);
-  if (version != nullptr) {
-    version->setFont(ScaledFont(*this, 1.3, false));
-    words->addWidget(version);
-  }
+  AddWords(form.lblProductName, 3.2, true, *words, *this);
+  AddWords(form.lblVersion, 1.3, false, *words, *this);
   words->addStretch(1);
-  AddSteps(form, *this, {"lblStep", "lblWait"}, *words);
+  AddSteps({&form.lblStep, &form.lblWait}, *words, *this);
   auto* const columns = new QHBoxLayout(this);
   const int margin = Em(*this) * 2;
   columns->setContentsMargins(margin, margin, margin, margin);
@@ -131,14 +128,16 @@ SplashPanel::SplashPanel(ui::Form& form, QWidget* parent) : StripedPanel(parent)
 
 }  // namespace
 
-QWidget* MakeSplashView(ui::Form& form, QWidget* parent) { return new SplashPanel(form, parent); }
+QWidget* MakeSplashView(shell::frmSplsh& form, QWidget* parent) {
+  return new SplashPanel(form, parent);
+}
 
-QWidget* MakeStartPanelView(ui::Form& form, QWidget* parent) {
+QWidget* MakeStartPanelView(shell::StartPanel& form, QWidget* parent) {
   auto* const panel = new StripedPanel(parent);
   auto* const words = new QVBoxLayout(panel);
   const int margin = Em(*panel);
   words->setContentsMargins(2 * margin, 2 * margin, 2 * margin, margin);
-  AddSteps(form, *panel, {"LblStep", "LblWait"}, *words);
+  AddSteps({&form.LblStep, &form.LblWait}, *words, *panel);
   panel->setMinimumWidth(Em(*panel) * 26);
   return panel;
 }

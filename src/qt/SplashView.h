@@ -1,12 +1,15 @@
 // The panels that show while the program starts and links to the machine.
 #pragma once
 
-#include "qt/FormWindow.h"
+#include <QWidget>
+
+#include "shell/Splash.h"
+#include "shell/StartPanel.h"
 
 namespace tintbench::desktop {
 
-QWidget* MakeSplashView(ui::Form& form, QWidget* parent);
+QWidget* MakeSplashView(shell::frmSplsh& form, QWidget* parent);
 // The small one that is left once the operator has sent the splash away.
-QWidget* MakeStartPanelView(ui::Form& form, QWidget* parent);
+QWidget* MakeStartPanelView(shell::StartPanel& form, QWidget* parent);
 
 }  // namespace tintbench::desktop

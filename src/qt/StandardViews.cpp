@@ -3,16 +3,18 @@
 #include "qt/Form1View.h"
 #include "qt/FormCommView.h"
 #include "qt/FormDbgView.h"
+#include "qt/PlainView.h"
 #include "qt/SplashView.h"
 
 namespace tintbench::desktop {
 
 void AddStandardViews(DesktopScreen& screen) {
-  screen.AddView("Form1", MakeForm1View);
-  screen.AddView("FormComm", MakeFormCommView);
-  screen.AddView("FormDbg", MakeFormDbgView);
-  screen.AddView("frmSplsh", MakeSplashView);
-  screen.AddView("StartPanel", MakeStartPanelView);
+  screen.AddView(MakeForm1View);
+  screen.AddView(MakeFormCommView);
+  screen.AddView(MakeFormDbgView);
+  screen.AddView(MakePlainView);
+  screen.AddView(MakeSplashView);
+  screen.AddView(MakeStartPanelView);
 }
 
 }  // namespace tintbench::desktop

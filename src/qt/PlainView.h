@@ -1,0 +1,12 @@
+// The window that stands in for one which is still to come.
+#pragma once
+
+#include <QWidget>
+
+#include "shell/PlainWindows.h"
+
+namespace tintbench::desktop {
+
+QWidget* MakePlainView(shell::PlainWindow& form, QWidget* parent);
+
+}  // namespace tintbench::desktop
