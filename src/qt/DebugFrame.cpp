@@ -12,12 +12,11 @@
 
 namespace tintbench::desktop {
 
-void AddDebugFrame(ui::Frame& frame, ui::ControlArray<ui::TextBox>& texts, QWidget& view,
-                   QBoxLayout& rows) {
-  auto* const group = MakeWidget<QGroupBox>(frame, &view);
+void AddDebugFrame(state::DebugFrame& debug, QWidget& view, QBoxLayout& rows) {
+  auto* const group = MakeWidget<QGroupBox>(debug.FrmDbg, &view);
   auto* const row = new QHBoxLayout(group);
   for (const int index : {0, 1}) {
-    ui::TextBox& text = texts(index);
+    ui::TextBox& text = debug.TxtDbgIO(index);
     auto* const title = new QLabel(ToQt(text.ToolTipText.Get()), group);
     auto* const box = MakeWidget<QLineEdit>(text, group);
     title->setBuddy(box);

@@ -3,14 +3,13 @@
 
 #include <QWidget>
 
-#include "ui/Controls.h"
+#include "state/DebugFrame.h"
 
 class QBoxLayout;
 
 namespace tintbench::desktop {
 
-// Adds the frame, with the sent text beside the received one.
-void AddDebugFrame(ui::Frame& frame, ui::ControlArray<ui::TextBox>& texts, QWidget& view,
-                   QBoxLayout& rows);
+// Adds the frame, its texts beside each other.
+void AddDebugFrame(state::DebugFrame& debug, QWidget& view, QBoxLayout& rows);
 
 }  // namespace tintbench::desktop

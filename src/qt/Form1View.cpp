@@ -100,7 +100,7 @@ QWidget* MakeForm1View(shell::Form1& form, QWidget* parent) {
   auto* const area = new PanelArea(view);
   AddSensorPanels(form.Panels, form.CmdResize, *area);
   rows->addWidget(area, 1);
-  AddDebugFrame(form.FrmDbg, form.TxtDbgIO, *view, *rows);
+  AddDebugFrame(form.Debug, *view, *rows);
   return view;
 }
 

@@ -210,7 +210,7 @@ QWidget* MakeFormCommView(commands::FormComm& form, QWidget* parent) {
   faces->addWidget(MakeMaintenanceFace(form, *view));
   faces->addWidget(MakeWidget<QLabel>(form.LblOn, view));
   rows->addLayout(faces, 1);
-  AddDebugFrame(form.FrmDbg, form.TxtDbgIO, *view, *rows);
+  AddDebugFrame(form.Debug, *view, *rows);
   return view;
 }
 
