@@ -123,7 +123,8 @@ SplashPanel::SplashPanel(shell::frmSplsh& form, QWidget* parent) : StripedPanel(
   columns->setSpacing(margin);
   columns->addWidget(new Motif(this));
   columns->addLayout(words, 1);
-  setMinimumWidth(Em(*this) * 34);
+  // Wide enough for the longest step.
+  setMinimumWidth(Em(*this) * 40);
 }
 
 }  // namespace
