@@ -123,7 +123,7 @@ class PacedTransfer {
                         {folder_, [] { QCoreApplication::processEvents(); }, {}});
     engine.XmodemInit();
     engine.XmodemBind();
-    const int direction = sending ? link::kXmodemSend : link::kXmodemReceive;
+    const link::XmodemDirection direction = sending ? link::kXmodemSend : link::kXmodemReceive;
     return engine.XmodemTransfer(direction, wanted_.BlockSize, sending ? from_ : to_) == 0;
   }
 

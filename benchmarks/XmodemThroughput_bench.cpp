@@ -29,7 +29,8 @@ struct Work {
 };
 
 // One end of the transfer; the programs of lrzsz end it themselves.
-bool RunEngine(int line, int direction, const std::string& folder, const std::string& file) {
+bool RunEngine(int line, link::XmodemDirection direction, const std::string& folder,
+               const std::string& file) {
   base::RealClock clock;
   base::StandardFileSystem files;
   SocketPort port(clock, line);

@@ -39,7 +39,7 @@ struct TransferDesk {
                        Window.PrgbTransf, Window.OptCheck, Window.OptSize});
   }
 
-  int Run(int direction, int size) {
+  int Run(link::XmodemDirection direction, int size) {
     Port.InputLen(0);
     const int status = Engine.XmodemTransfer(direction, size, kFile);
     const std::string shown = Window.LblEstat.Caption;

@@ -57,7 +57,7 @@ void CommWindow::ShowStatusLine(const std::string& text) {
 bool CommWindow::CheckAnswer(const std::string& answer, std::string_view accepted,
                              const std::string& extra) {
   const bool good = !answer.empty() && accepted.find(answer[0]) != std::string_view::npos;
-  ShowStatusLine(good ? std::string(kAccepted) + kLineEnd + extra : kRefused);
+  ShowStatusLine(good ? base::JoinLines({kAccepted, extra}) : kRefused);
   return good;
 }
 
@@ -150,7 +150,7 @@ std::optional<std::string> CommWindow::Ask(const ui::Question& question) {
 
 std::string Framed(const std::string& text) {
   const std::string line(kFrameWidth, '-');
-  return kLineEnd + line + kLineEnd + text + kLineEnd + line + kLineEnd;
+  return base::JoinLines({"", line, text, line, ""});
 }
 
 }  // namespace tintbench::commands

@@ -46,7 +46,6 @@ struct CommParts {
 enum FormFunction : int { kCommandMenu = 1, kMaintenanceMenu = 2 };
 
 inline constexpr int kCommandGroups = 4;
-inline constexpr const char* kLineEnd = "\r\n";
 inline constexpr const char* kAccepted = "[ command accepted ]";
 inline constexpr const char* kRefused = "[ command refused ]";
 inline constexpr const char* kSuccess = "[ operation success ]";

@@ -78,9 +78,10 @@ std::optional<CommandId> CommandMenu::SelectedRow() const {
 }
 
 void CommandMenu::LoadComOnButton(int group, int listIndex) {
-  window_.CmdExec.Caption = group >= 0 && listIndex >= 0
-                                ? window_.LstCsingle(group).List(listIndex) + kLineEnd + "EXECUTE"
-                                : kNoCommand;
+  window_.CmdExec.Caption =
+      group >= 0 && listIndex >= 0
+          ? base::JoinLines({window_.LstCsingle(group).List(listIndex), "EXECUTE"})
+          : kNoCommand;
 }
 
 void CommandMenu::CmbCtype_Click() {

@@ -74,7 +74,7 @@ void TellBridges(const Exchange& exchange, CommWindow&, Outcome& outcome) {
     } else if (flags[bridge] != '0') {
       outcome.Report += kInvalidData;
     }
-    outcome.Report += kLineEnd;
+    outcome.Report += base::kCrLf;
   }
 }
 
@@ -82,7 +82,8 @@ void TellPairs(const Exchange& exchange, CommWindow&, Outcome& outcome) {
   const double characters = static_cast<double>(exchange.Answer.size()) - 1;
   const int pairs = static_cast<int>(base::RoundHalfEven(characters / 2));
   for (int pair = 0; pair < pairs; ++pair) {
-    outcome.Report += base::Bracketed(base::Mid(exchange.Answer, 2 + 2 * pair, 2)) + kLineEnd;
+    outcome.Report +=
+        base::Bracketed(base::Mid(exchange.Answer, 2 + 2 * pair, 2)).append(base::kCrLf);
   }
 }
 
@@ -154,13 +155,13 @@ std::string FieldTexts(const RowRule& rule, const Exchange& exchange) {
     const std::string& text = field.From == Source::Answer ? exchange.Answer : exchange.Argument;
     lines.push_back(base::Bracketed(base::Mid(text, field.Position, field.Count)) + field.Meaning);
   }
-  return base::Join(lines, kLineEnd);
+  return base::Join(lines, base::kCrLf);
 }
 
 Outcome Judge(const Exchange& exchange, const std::string& description) {
-  const std::string header = base::ToUpper(description) + kLineEnd + kLineEnd;
+  const std::string header = base::JoinLines({base::ToUpper(description), "", ""});
   if (FirstOf(exchange.Answer) == "A") return {kAccepted, header};
-  return {kRefused, header + kInvalidData + kLineEnd + kLineEnd};
+  return {kRefused, header + base::JoinLines({kInvalidData, "", ""})};
 }
 
 }  // namespace
@@ -177,7 +178,7 @@ Outcome DecodeExchange(const Exchange& exchange, CommWindow& window) {
   outcome.Report += FieldTexts(*rule, exchange);
   if (rule->DoneAt > 0) {
     const bool done = base::Mid(exchange.Answer, rule->DoneAt, 1) == "K";
-    outcome.Status += std::string(kLineEnd) + (done ? kSuccess : kFail);
+    outcome.Status = base::JoinLines({outcome.Status, done ? kSuccess : kFail});
   }
   if (rule->Decode != nullptr) rule->Decode(exchange, window, outcome);
   return outcome;

@@ -14,10 +14,6 @@ constexpr double kPauseBetween = 0.8;    // seconds
 constexpr double kAnswerPatience = 5.0;  // seconds
 constexpr double kLookEvery = 0.01;      // seconds, while an answer is arriving
 
-constexpr int kAsExpected = 0;
-constexpr int kOtherAnswer = -1;
-constexpr int kNoAnswer = -2;
-
 bool IsCapMove(CommandId row) { return row == CommandId::CapOpen || row == CommandId::CapClose; }
 bool IsMotor(CommandId row) { return row == CommandId::MotorOn || row == CommandId::MotorOff; }
 bool IsForEach(CommandId row) { return IsCapMove(row) || IsMotor(row); }
@@ -29,9 +25,9 @@ std::string ExpectedAnswer(CommandId row, const std::string& elements) {
   return "A" + elements + (row == CommandId::VerifyDispensing || IsCapMove(row) ? "K" : "");
 }
 
-std::string ResultText(CommandId row, int result) {
-  if (result == kNoAnswer) return "Machine doesn't answer !";
-  if (result == kAsExpected) {
+std::string ResultText(CommandId row, EchoCheck result) {
+  if (result == EchoCheck::None) return "Machine doesn't answer !";
+  if (result == EchoCheck::AsExpected) {
     return row == CommandId::VerifyDispensing ? "All conditions for purge are OK" : "Success !";
   }
   if (row != CommandId::VerifyDispensing) return "Failure !";
@@ -129,22 +125,22 @@ bool ElementSender::SendRound(CommandId row, const std::string& piece, const std
   const std::string wire = link::FinishCommand(command.Command, piece + speed);
   const bool goesOut = window_.Work.Port.PortOpen();
   window_.Work.Port.Output(wire);
-  const int result = GetDoubleAnswer(expected);
+  const EchoCheck result = GetDoubleAnswer(expected);
   if (goesOut) window_.Book(wire, base::ToUpper(answer_));
-  window_.AddToReport(ResultText(row, result) + kLineEnd);
-  return result == kAsExpected;
+  window_.AddToReport(ResultText(row, result).append(base::kCrLf));
+  return result == EchoCheck::AsExpected;
 }
 
-int ElementSender::GetDoubleAnswer(const std::string& expected) {
+EchoCheck ElementSender::GetDoubleAnswer(const std::string& expected) {
   const std::string wanted = base::ToUpper(expected);
   const bool whole = AwaitCharacters(wanted.size());
   // A refusal is shorter than what is due, and must not spoil the answer to the next command.
   answer_ = window_.Work.Port.Input();
-  if (!whole) return kNoAnswer;
+  if (!whole) return EchoCheck::None;
   if (window_.Work.Log.DebugLevel() == link::kDebugCommands && !window_.Flags.Closing) {
     window_.ShowReceived(answer_);
   }
-  return Matches(answer_, wanted) ? kAsExpected : kOtherAnswer;
+  return Matches(answer_, wanted) ? EchoCheck::AsExpected : EchoCheck::Other;
 }
 
 bool ElementSender::AwaitCharacters(std::size_t count) {

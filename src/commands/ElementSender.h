@@ -13,6 +13,9 @@ namespace tintbench::commands {
 // The text in pieces of `width` characters; the last may be shorter.
 std::vector<std::string> Pieces(std::string_view text, std::size_t width);
 
+// What came in place of an expected answer.
+enum class EchoCheck { AsExpected, Other, None };
+
 class ElementSender {
  public:
   explicit ElementSender(CommWindow& window) : window_(window) {}
@@ -25,9 +28,9 @@ class ElementSender {
   bool SendElements(CommandId row, const std::string& elements = {},
                     const std::string& speeds = {});
 
-  // Waits for an answer as long as `expected`, in which "*" stands for any character. 0 if it came,
-  // -1 for another one, -2 for none within five seconds. The line is read empty in each case.
-  int GetDoubleAnswer(const std::string& expected);
+  // Waits for an answer as long as `expected`, in which "*" stands for any character. None if so
+  // much didn't come within five seconds. The line is read empty in each case.
+  EchoCheck GetDoubleAnswer(const std::string& expected);
 
  private:
   bool HasWhatItMoves(CommandId row) const;

@@ -44,7 +44,7 @@ void MaintenanceMenu::KeyDown(ui::KeyEvent& key) {
 
 void MaintenanceMenu::Option1_Click(int option) {
   const std::string caption = window_.Option1(option).Caption;
-  window_.CmdMultExec.Caption = base::Trim(base::Behind(caption, ']')) + kLineEnd + kExecute;
+  window_.CmdMultExec.Caption = base::JoinLines({base::Trim(base::Behind(caption, ']')), kExecute});
   window_.CmdMultExec.Tag = std::to_string(option);
 }
 

@@ -1,8 +1,5 @@
 #include "commands/MaintenanceOptions.h"
 
-#include "base/Numbers.h"
-#include "base/Text.h"
-
 namespace tintbench::commands {
 
 int OptionOfKey(int key) {
@@ -39,13 +36,12 @@ void MaintenanceOptions::UnlockOptions() {
   Refresh();
 }
 
-void MaintenanceOptions::AllowOnly(const std::string& list, const std::string& selected) {
-  for (int option = 0; option < kMaintenanceOptions; ++option) {
-    optionLocked_[static_cast<std::size_t>(option)] =
-        base::FindField(std::to_string(option), list, ",") == 0;
-  }
+void MaintenanceOptions::AllowOnly(std::initializer_list<MaintenanceOption> allowed,
+                                   std::optional<MaintenanceOption> selected) {
+  optionLocked_.fill(true);
+  for (const MaintenanceOption option : allowed) optionLocked_.at(option) = false;
   Refresh();
-  if (!selected.empty()) Select(base::LeadingInt(selected));
+  if (selected) Select(*selected);
 }
 
 int MaintenanceOptions::Selected() const {

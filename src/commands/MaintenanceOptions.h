@@ -3,7 +3,8 @@
 #pragma once
 
 #include <array>
-#include <string>
+#include <initializer_list>
+#include <optional>
 #include <string_view>
 
 #include "config/MachineFacts.h"
@@ -69,8 +70,9 @@ class MaintenanceOptions {
 
   void LockOptions();
   void UnlockOptions();
-  // Locks all but those of a list such as "0,1,2,", and selects `selected` if it isn't empty.
-  void AllowOnly(const std::string& list, const std::string& selected);
+  // Locks all but those, and selects `selected` if there is one.
+  void AllowOnly(std::initializer_list<MaintenanceOption> allowed,
+                 std::optional<MaintenanceOption> selected = std::nullopt);
 
   // The selected option; -1 if there is none.
   int Selected() const;

@@ -115,7 +115,7 @@ bool MaintenanceWalk::StepMotor(const std::string& motor, bool last) {
 }
 
 void MaintenanceWalk::SwitchOff(CommandId row, const std::string& element) {
-  window_.ShowReport(window_.Description(row) + kLineEnd + kLineEnd + element + " -> ");
+  window_.ShowReport(base::JoinLines({window_.Description(row), "", element + " -> "}));
   const bool good = CheckEcho(window_.Send(row, element), element, row);
   window_.AddToReport(good ? "Success !" : "Failure !");
 }
@@ -125,8 +125,8 @@ bool MaintenanceWalk::SwitchOn(CommandId row, const std::string& element,
   const std::string argument = element + speed;
   const std::string shownSpeed =
       row == CommandId::MotorOn ? " (Speed=" + speed + ")" : std::string();
-  window_.ShowReport(window_.Description(row) + kLineEnd + kLineEnd + element + shownSpeed +
-                     " -> ");
+  window_.ShowReport(
+      base::JoinLines({window_.Description(row), "", element + shownSpeed + " -> "}));
   const std::string answer =
       link::MovesCap(row) ? window_.SendMoving(row, argument) : window_.Send(row, argument);
   const bool good = CheckEcho(answer, argument, row);
@@ -143,7 +143,7 @@ bool MaintenanceWalk::CheckEcho(const std::string& answer, const std::string& ar
     return false;
   }
   const bool good = !link::MovesCap(row) || told[kElementLength + 1] == 'K';
-  window_.ShowStatusLine(std::string(kAccepted) + kLineEnd + (good ? kSuccess : kFail));
+  window_.ShowStatusLine(base::JoinLines({kAccepted, good ? kSuccess : kFail}));
   return good;
 }
 
@@ -166,7 +166,7 @@ std::optional<std::string> MaintenanceWalk::SpeedPrompt(const std::string& motor
 
 bool MaintenanceWalk::MotorSpeedWatch(const std::string& motor) {
   StopToken watch(window_.Running);
-  window_.Options.AllowOnly(std::to_string(kEachMotor) + ",", "");
+  window_.Options.AllowOnly({kEachMotor});
   const std::string before = window_.TextOutput.Text;
   std::string line = SpeedLine("0");
   window_.ShowReport(before + line);

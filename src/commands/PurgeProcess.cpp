@@ -169,7 +169,7 @@ void PurgeProcess::RunBatch(const Batch& batch) {
 bool PurgeProcess::Start(const Batch& batch) {
   window_.ShowReport("");
   // From here on the operator can end the purge, and nothing else.
-  window_.Options.AllowOnly("13,", "");
+  window_.Options.AllowOnly({kPurge});
   StopToken batchRuns(window_.Running);
   const Step steps[] = {{CommandId::CapOpen, batch.Caps, kAfterCaps},
                         {CommandId::VerifyDispensing, "", 0},

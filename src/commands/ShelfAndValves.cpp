@@ -14,11 +14,6 @@ constexpr double kCanSeconds = 16.0;
 constexpr double kCanLookEvery = 0.7;
 constexpr double kTestLookEvery = 0.5;
 
-constexpr int kCanThere = 1;
-constexpr int kGivenUp = 0;
-constexpr int kCanMissing = -1;
-constexpr int kNoPhotocell = -2;
-
 constexpr const char* kCanTitle = "MOVE SHELF UP WITH CAN";
 constexpr const char* kValveTestTitle = "Cannot perform test!";
 constexpr const char* kGoOn = "Press OK to continue or CANCEL to abort.";
@@ -66,21 +61,21 @@ bool ShelfAndValves::CanPhotocellObscured(std::size_t place) {
   return base::HexToBinary(answer.substr(kAnswerLength - kDigits))[place] == '0';
 }
 
-int ShelfAndValves::WaitForCan(double seconds) {
+CanCheck ShelfAndValves::WaitForCan(double seconds) {
   const int connector = window_.Work.Facts.PhotocellConnector;
-  if (connector < 1 || connector > config::kConnectors) return kNoPhotocell;
+  if (connector < 1 || connector > config::kConnectors) return CanCheck::NoPhotocell;
   // Connector 1 is the last of the bits.
   const auto place = static_cast<std::size_t>(config::kConnectors - connector);
-  if (CanPhotocellObscured(place)) return kCanThere;
-  return window_.Work.Facts.HasShelf ? WaitWithShelf(seconds, place) : kCanMissing;
+  if (CanPhotocellObscured(place)) return CanCheck::There;
+  return window_.Work.Facts.HasShelf ? WaitWithShelf(seconds, place) : CanCheck::Missing;
 }
 
-int ShelfAndValves::WaitWithShelf(double seconds, std::size_t place) {
+CanCheck ShelfAndValves::WaitWithShelf(double seconds, std::size_t place) {
   const std::string report = window_.TextOutput.Text;
   const double end = Now() + seconds;
   const auto showRest = [&](double rest) {
-    window_.ShowReport(base::Bracketed(base::PlainNumber(rest)) + "wait please ... " + kLineEnd +
-                       kLineEnd + report);
+    window_.ShowReport(base::JoinLines(
+        {base::Bracketed(base::PlainNumber(rest)) + "wait please ... ", "", report}));
   };
   window_.Options.LockOptions();
   double shown = std::floor(seconds);
@@ -95,53 +90,52 @@ int ShelfAndValves::WaitWithShelf(double seconds, std::size_t place) {
   }
   window_.ShowReport(report);
   window_.Options.UnlockOptions();
-  if (window_.IsStopped() || !window_.Work.Port.PortOpen()) return kGivenUp;
-  return there ? kCanThere : kCanMissing;
+  if (window_.IsStopped() || !window_.Work.Port.PortOpen()) return CanCheck::GivenUp;
+  return there ? CanCheck::There : CanCheck::Missing;
 }
 
-int ShelfAndValves::ShelfonCompletelyWithCan() {
+CanCheck ShelfAndValves::ShelfonCompletelyWithCan() {
   const std::optional<ui::Answer> answer =
       window_.Ask({.Text = CanRequest(window_.Work.Facts.HasShelf),
                    .Icon = ui::BoxIcon::Exclamation,
                    .Buttons = ui::BoxButtons::OkCancel,
                    .Title = kCanTitle});
-  if (answer != ui::Answer::OK) return kGivenUp;
+  if (answer != ui::Answer::OK) return CanCheck::GivenUp;
   shelfWaitActive_ = window_.Work.Facts.HasShelf;
-  const int code = MoveAndWait();
+  const CanCheck check = MoveAndWait();
   shelfWaitActive_ = false;
-  return code;
+  return check;
 }
 
-int ShelfAndValves::MoveAndWait() {
+CanCheck ShelfAndValves::MoveAndWait() {
   const bool withShelf = window_.Work.Facts.HasShelf;
   if (withShelf) ShelfUp();
-  const int code = WaitForCan(withShelf ? kCanSeconds : 0);
-  if (code < 0) return TellCanMissing(code);
-  if (code != kCanThere || !withShelf) return code;
+  const CanCheck check = WaitForCan(withShelf ? kCanSeconds : 0);
+  if (check == CanCheck::Missing || check == CanCheck::NoPhotocell) TellCanMissing(check);
+  if (check != CanCheck::There || !withShelf) return check;
   const std::optional<ui::Answer> answer =
       window_.Ask({.Text = kGoOn, .Buttons = ui::BoxButtons::OkCancel, .Title = kCanTitle});
-  return answer == ui::Answer::OK ? kCanThere : kGivenUp;
+  return answer == ui::Answer::OK ? CanCheck::There : CanCheck::GivenUp;
 }
 
 void ShelfAndValves::StopForCan() {
   if (shelfWaitActive_ && IsMovingUp()) ShelfUp();
 }
 
-int ShelfAndValves::TellCanMissing(int code) {
+void ShelfAndValves::TellCanMissing(CanCheck check) {
   std::string what = base::JoinLines(
       {"Sensor not associated to the connector or", "incorrectly associated in configuration !"});
-  if (code == kCanMissing) {
+  if (check == CanCheck::Missing) {
     what = window_.Work.Facts.HasShelf ? "Can photocell NOT obscured after timeout elapsed !" +
                                              base::Bracketed("16_seconds")
                                        : "Can photocell NOT obscured";
   }
   window_.Ask({.Text = base::JoinLines({"Failure !", what}), .Title = kCanTitle});
-  return code;
 }
 
 bool ShelfAndValves::CheckPurgeConditions() {
   return sender_.SendElements(CommandId::AllOff) && !window_.Flags.Closing &&
-         ShelfonCompletelyWithCan() > 0;
+         ShelfonCompletelyWithCan() == CanCheck::There;
 }
 
 void ShelfAndValves::AutomaticPunching() {
@@ -181,7 +175,7 @@ void ShelfAndValves::ValveTest() {
   window_.ShowReport(base::JoinLines(
       {window_.Description(CommandId::ValveTest), "",
        "[ expected process time = " + base::PlainNumber(seconds) + " sec. ]", "", kHaltHint}));
-  window_.Options.AllowOnly("0,1,2,", "0");
+  window_.Options.AllowOnly({kReadInputs, kReadOutputs, kReadStatus}, kReadInputs);
   window_.Flags.Idle = true;  // inputs, outputs and status may be read meanwhile
   if (!window_.AbortableWait(seconds)) AwaitValveTestEnd();
 }

@@ -9,6 +9,14 @@
 
 namespace tintbench::commands {
 
+// How the wait for a can has ended.
+enum class CanCheck {
+  There,
+  GivenUp,  // by the operator, or the line was lost
+  Missing,
+  NoPhotocell,  // the configuration doesn't tell where
+};
+
 class ShelfAndValves {
  public:
   ShelfAndValves(CommWindow& window, ElementSender& sender) : window_(window), sender_(sender) {}
@@ -27,9 +35,8 @@ class ShelfAndValves {
   void AutomaticPunching();
   void ValveTest();
 
-  // Has the operator put a can on the shelf, and moves it up. 1 if the can is there, 0 if the
-  // operator gave up, -1 if it did not come, -2 if its sensor isn't in the configuration.
-  int ShelfonCompletelyWithCan();
+  // Has the operator put a can on the shelf, and moves it up.
+  CanCheck ShelfonCompletelyWithCan();
   // Switches everything off and makes sure of the can. True if a purge may begin.
   bool CheckPurgeConditions();
 
@@ -43,11 +50,11 @@ class ShelfAndValves {
 
   double Now() const { return window_.Work.Screen.Time().Now(); }
   void MoveShelf(const Way& wanted, const Way& opposite);
-  int WaitForCan(double seconds);
-  int WaitWithShelf(double seconds, std::size_t place);
+  CanCheck WaitForCan(double seconds);
+  CanCheck WaitWithShelf(double seconds, std::size_t place);
   bool CanPhotocellObscured(std::size_t place);
-  int MoveAndWait();
-  int TellCanMissing(int code);
+  CanCheck MoveAndWait();
+  void TellCanMissing(CanCheck check);
   bool MayTestValves(int circuits);
   void AwaitValveTestEnd();
 

@@ -35,7 +35,7 @@ struct CommandText {
   std::string_view Description;
   std::string_view Command;
   int AnswerLength;
-  float TimeoutSeconds;
+  double TimeoutSeconds;
   PromptLines Prompt = {};
   ArgumentRule Argument = {};
   std::span<const state::Panel> Countdown = {};

@@ -75,9 +75,9 @@ CommandRow& CommandTable::Row(CommandId row) { return rows_[CheckedRow(row)]; }
 
 const CommandRow& CommandTable::Row(CommandId row) const { return rows_[CheckedRow(row)]; }
 
-float CommandTable::CommandTimeout(std::string_view argument, CommandId row,
-                                   const config::MachineFacts& facts, DebugLog& log) const {
-  double seconds = static_cast<double>(Row(row).TimeoutSeconds);
+double CommandTable::CommandTimeout(std::string_view argument, CommandId row,
+                                    const config::MachineFacts& facts, DebugLog& log) const {
+  double seconds = Row(row).TimeoutSeconds;
   double configured = 0;
   const ConfiguredTime source = TextOf(row).Time;
   if (source == ConfiguredTime::Cap) {
@@ -91,7 +91,7 @@ float CommandTable::CommandTimeout(std::string_view argument, CommandId row,
     log.WriteNote(Row(row).Description + ": the configured time is too long, " +
                   base::PlainNumber(kLongestConfiguredTime) + " seconds are used");
   }
-  return static_cast<float>(seconds * kTimeoutMargin);
+  return seconds * kTimeoutMargin;
 }
 
 std::string FinishCommand(std::string_view commandTemplate, std::string_view argument) {

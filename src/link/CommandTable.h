@@ -29,7 +29,7 @@ struct CommandRow {
   std::string Command;      // what is sent; a blank marks the argument's place and is never sent
   std::string Prompt;       // the question for the argument, lines parted by CR LF; may be empty
   int AnswerLength = 0;     // characters; 0 not known in advance, -1 the command's length less 2
-  float TimeoutSeconds = 0;
+  double TimeoutSeconds = 0;
   bool Enabled = true;
 };
 
@@ -44,10 +44,10 @@ class CommandTable {
 
   // Seconds to wait for the answer of a command that moves something: for caps the time of the one
   // that the argument names, for a reset that of the machine, where the configuration gives one,
-  // otherwise the row's own; and a fifth more. A configured time counts up
-  // to kLongestConfiguredTime, and what is above it is noted in `log`.
-  float CommandTimeout(std::string_view argument, CommandId row, const config::MachineFacts& facts,
-                       DebugLog& log) const;
+  // otherwise the row's own; and a fifth more. A configured time counts up to
+  // kLongestConfiguredTime, and what is above it is noted in `log`.
+  double CommandTimeout(std::string_view argument, CommandId row, const config::MachineFacts& facts,
+                        DebugLog& log) const;
 
  private:
   std::array<CommandRow, kCommandRows> rows_;

@@ -26,8 +26,8 @@ enum ConfigSourceValue : int {
 inline constexpr const char* kNoFirmware = "-1";
 
 struct LinkStatus {
-  int LinkState = kPortClosed;
-  int ConfigSource = kNoConfig;
+  LinkStateValue LinkState = kPortClosed;
+  ConfigSourceValue ConfigSource = kNoConfig;
   // What link-up was stopped by, and what to do about it, if more is known than the state tells.
   std::string Problem;
   std::string ConfigFileName;                 // the configuration in use; empty: none

@@ -33,7 +33,7 @@ std::string OldFirmwareText(int number) {
                     "> PAY ATTENTION TO ALL THE MACHINE MOVING PARTS"});
 }
 
-std::string StateReport(int linkState) {
+std::string StateReport(LinkStateValue linkState) {
   constexpr std::string_view kCheck = "Please, check connection and then select <Port Connection>";
   constexpr std::string_view kConnected = "MACHINE IS CONNECTED,";
   switch (linkState) {

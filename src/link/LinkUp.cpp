@@ -32,7 +32,7 @@ LinkUp::LinkUp(const LinkUpParts& parts, const base::AppPaths& paths, std::strin
 
 bool LinkUp::IsMaster() const { return serialMode_ == kMasterMode; }
 
-int LinkUp::LinkMachine(std::string& port, std::string& settings) {
+LinkStateValue LinkUp::LinkMachine(std::string& port, std::string& settings) {
   parts_.Status.FirmwareVersion = kNoFirmware;
   parts_.Status.ConfigFileName.clear();
   parts_.Status.Problem.clear();
@@ -53,7 +53,7 @@ int LinkUp::LinkMachine(std::string& port, std::string& settings) {
   return parts_.Status.LinkState;
 }
 
-int LinkUp::LinkAgain() {
+LinkStateValue LinkUp::LinkAgain() {
   std::string port = againPort_;
   std::string settings = againSettings_;
   return LinkMachine(port, settings);
@@ -103,7 +103,7 @@ void LinkUp::WalkPorts(const std::string& firstPort, const std::string& settings
   }
 }
 
-int LinkUp::LinkMachineLoop(const std::string& port, const std::string& settings) {
+void LinkUp::LinkMachineLoop(const std::string& port, const std::string& settings) {
   LinkStatus& status = parts_.Status;
   bool goOn = true;
   while (goOn) {
@@ -135,7 +135,6 @@ int LinkUp::LinkMachineLoop(const std::string& port, const std::string& settings
         goOn = false;
     }
   }
-  return status.LinkState;
 }
 
 void LinkUp::TellStep(const std::string& port, const std::string& step) {

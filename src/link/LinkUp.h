@@ -58,10 +58,10 @@ class LinkUp {
   // Links up on `port` ("001") with `settings`, and gives the link state that was reached. Both
   // empty: on the command line's port, or on the first of all ports where a machine answers. Both
   // "-1": disconnects. The arguments tell afterwards what was used.
-  int LinkMachine(std::string& port, std::string& settings);
+  LinkStateValue LinkMachine(std::string& port, std::string& settings);
 
   // Links up once more as it was asked for last, and on the very port if a machine was heard there.
-  int LinkAgain();
+  LinkStateValue LinkAgain();
 
   // The menu lines on the configuration and the firmware in use.
   void ShowCurrentVersions();
@@ -71,7 +71,7 @@ class LinkUp {
   bool TakePortKey(std::string& port, std::string& settings) const;
   void WalkPorts(const std::string& firstPort, const std::string& settings);
   void TryPort(const std::string& port, const std::string& settings);
-  int LinkMachineLoop(const std::string& port, const std::string& settings);
+  void LinkMachineLoop(const std::string& port, const std::string& settings);
   void TellStep(const std::string& port, const std::string& step);
   bool OpenAndStartService(const std::string& port, const std::string& settings);
   bool StartMasterService(const std::string& port);

@@ -38,7 +38,7 @@ std::string Transaction::SendCommand(LineView& view, CommandId row) {
 void Transaction::AwaitAnswer(LineView& view, CommandId row) {
   std::size_t expected = ExpectedAnswerLength(commands_.Row(row));
   const bool untilQuiet = expected == 0;
-  const double timeout = static_cast<double>(commands_.Row(row).TimeoutSeconds);
+  const double timeout = commands_.Row(row).TimeoutSeconds;
   const double start = clock_.Now();
   int shown = kNothingShown;
   // A port that has lost its device closes by itself: nothing more can come from there.

@@ -39,7 +39,7 @@ void Xmodem::XmodemBind(std::function<PortSelection()> selection) {
   bound_ = true;
 }
 
-int Xmodem::XmodemTransfer(int direction, int size, const std::string& file) {
+int Xmodem::XmodemTransfer(XmodemDirection direction, int size, const std::string& file) {
   if (running_ || !bound_ || !port_.PortOpen()) return kXmodemNoPort;
   running_ = true;
   session_.State = {};
@@ -73,7 +73,7 @@ void Xmodem::StartTrace() {
                                                       base::WriteMode::kCreate, ignored));
 }
 
-int Xmodem::Run(int direction) {
+int Xmodem::Run(XmodemDirection direction) {
   const int status =
       direction == kXmodemSend ? XmodemSender(session_).Run() : XmodemReceiver(session_).Run();
   session_.Report.ReportStatus(status);

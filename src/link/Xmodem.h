@@ -41,10 +41,10 @@ class Xmodem {
   // Binds the port alone, for a transfer without any display.
   void XmodemBind(std::function<PortSelection()> selection = {});
 
-  // Sends (0) or receives (1) the file in blocks of `size` bytes, 128 or 1024; a receiver takes
+  // Sends or receives the file in blocks of `size` bytes, 128 or 1024; a receiver takes
   // what size the sender chooses. Gives an XmodemStatus: 0 if all went well, -1 if no port is
   // bound, it isn't open, or a transfer is running already.
-  int XmodemTransfer(int direction, int size, const std::string& file);
+  int XmodemTransfer(XmodemDirection direction, int size, const std::string& file);
 
   // For link-up: receives `file` without any display, and leaves the port unbound.
   int XmodemReceiveQuiet(const std::string& file);
@@ -57,7 +57,7 @@ class Xmodem {
 
  private:
   void StartTrace();
-  int Run(int direction);
+  int Run(XmodemDirection direction);
   void ReopenPort();
 
   SerialPort& port_;

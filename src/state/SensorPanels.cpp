@@ -161,10 +161,10 @@ void ApplyFrameSize(SensorPanels& panels, int panel, bool small) {
   const PanelPlace& place = kPanelLayout.at(static_cast<std::size_t>(panel));
   frame.Visible = false;
   if (small) {
-    frame.Left = kClientWidth * static_cast<double>(place.Left);
-    frame.Top = kClientHeight * static_cast<double>(place.Top);
-    frame.Width = kClientWidth * static_cast<double>(place.Width);
-    frame.Height = kClientHeight * static_cast<double>(place.Height);
+    frame.Left = kClientWidth * place.Left;
+    frame.Top = kClientHeight * place.Top;
+    frame.Width = kClientWidth * place.Width;
+    frame.Height = kClientHeight * place.Height;
   } else {
     frame.Left = kLargeMargin;
     frame.Top = kLargeMargin;

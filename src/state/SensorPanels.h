@@ -52,17 +52,17 @@ struct PanelStyles {
 
 // A panel's place as fractions of the window's client area.
 struct PanelPlace {
-  float Width;
-  float Height;
-  float Left;
-  float Top;
+  double Width;
+  double Height;
+  double Left;
+  double Top;
 };
 
 inline constexpr std::array<PanelPlace, kPanels> kPanelLayout{{
-    {11.0F / 36, 89.0F / 96, 1.0F / 48, 5.0F / 96},
-    {11.0F / 36, 89.0F / 96 / 2.8F, 25.0F / 72, 5.0F / 96},
-    {11.0F / 36, 89.0F / 96 / 2.8F, 97.0F / 144, 5.0F / 96},
-    {91.0F / 144, 25.0F / 48, 25.0F / 72, 11.0F / 24},
+    {11.0 / 36, 89.0 / 96, 1.0 / 48, 5.0 / 96},
+    {11.0 / 36, 89.0 / 96 / 2.8, 25.0 / 72, 5.0 / 96},
+    {11.0 / 36, 89.0 / 96 / 2.8, 97.0 / 144, 5.0 / 96},
+    {91.0 / 144, 25.0 / 48, 25.0 / 72, 11.0 / 24},
 }};
 
 // What a window with titles takes for them above the frames, in the units of the client area.

@@ -16,7 +16,6 @@ constexpr double kLastShiftedFirmware = 3.0;
 // Where the errors stand in a status, from 1, and how long each is.
 constexpr int kFirstError = 4;
 constexpr int kErrorLength = 4;
-constexpr char kLineEnd[] = "\r\n";
 
 void MoveLifeSign(ui::Shape& one, ui::Shape& other) {
   one.Visible = other.Visible.Get();
@@ -181,7 +180,8 @@ std::string StateDecoder::StatusErrors(const std::string& status) const {
   std::string text;
   for (int i = 0; i < StatusErrorCount(status); ++i) {
     const std::string code = base::Mid(status, first + kErrorLength * i, kErrorLength);
-    text += code + errors_.ErrorText(code) + kLineEnd;
+    text += code + errors_.ErrorText(code);
+    text += base::kCrLf;
   }
   return text;
 }

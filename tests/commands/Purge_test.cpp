@@ -348,20 +348,29 @@ TEST(Purge, OpensSeveralCapsAndTakesThemForFailed) {
   EXPECT_EQ(capless.Wire({"F9"}), "|" + kCheck + "#ns*#a0102*#f01100*#s*#l01*#g0102*");
 }
 
+using commands::EchoCheck;
+
 // Each answer is awaited in full, and for five seconds.
 TEST(Purge, JudgesTheWholeAnswer) {
   struct Case {
     const char* Expected;
     const char* Answer;
     double Each;  // seconds before each character
-    int Result;
+    EchoCheck Result;
     double Took;
   };
   const Case cases[] = {
-      {"A01", "A01", 0.1, 0, 0.3}, {"a01k", "A01K", 0.1, 0, 0.4}, {"A01", "A02", 0.1, -1, 0.3},
-      {"A01", "A0", 0.1, -2, 5.0}, {"A01", "", 0.1, -2, 5.0},     {"A01", "A01", 1.6, 0, 4.8},
-      {"A01", "A0", 2.4, -2, 5.0}, {"A**K", "AXYK", 0.1, 0, 0.4}, {"A**K", "AXYN", 0.1, -1, 0.4},
-      {"A*", "AXY", 0, -1, 0},     {"A01", "A011", 0, -1, 0},
+      {"A01", "A01", 0.1, EchoCheck::AsExpected, 0.3},
+      {"a01k", "A01K", 0.1, EchoCheck::AsExpected, 0.4},
+      {"A01", "A02", 0.1, EchoCheck::Other, 0.3},
+      {"A01", "A0", 0.1, EchoCheck::None, 5.0},
+      {"A01", "", 0.1, EchoCheck::None, 5.0},
+      {"A01", "A01", 1.6, EchoCheck::AsExpected, 4.8},
+      {"A01", "A0", 2.4, EchoCheck::None, 5.0},
+      {"A**K", "AXYK", 0.1, EchoCheck::AsExpected, 0.4},
+      {"A**K", "AXYN", 0.1, EchoCheck::Other, 0.4},
+      {"A*", "AXY", 0, EchoCheck::Other, 0},
+      {"A01", "A011", 0, EchoCheck::Other, 0},
   };
   for (const Case& answer : cases) {
     SCOPED_TRACE(std::string(answer.Expected) + " " + answer.Answer);
@@ -373,7 +382,7 @@ TEST(Purge, JudgesTheWholeAnswer) {
     } else {
       bench.Port.Trickle(answer.Answer, answer.Each);
     }
-    EXPECT_EQ(sender.GetDoubleAnswer(answer.Expected), answer.Result);
+    EXPECT_TRUE(sender.GetDoubleAnswer(answer.Expected) == answer.Result);
     EXPECT_NEAR(bench.Clock.Now(), answer.Took, 0.02);
   }
 }

@@ -102,7 +102,7 @@ TEST(CommandTable, ACallFinishesTheCommandAndPutsTheRowBack) {
     }
     EXPECT_EQ(table.Row(row).Command, before);
     EXPECT_NE(table.Row(row).AnswerLength, 25);
-    EXPECT_GE(table.Row(row).TimeoutSeconds, 5.0F);
+    EXPECT_GE(table.Row(row).TimeoutSeconds, 5.0);
   }
   CommandCall call(table, CommandId::Custom, "x");
   call.Row().AnswerLength = -1;
@@ -120,23 +120,23 @@ TEST(CommandTable, TimeoutsComeFromTheConfigurationWhereItHasOne) {
   const auto timeout = [&](const char* argument, int row) {
     return table.CommandTimeout(argument, CommandId{row}, facts, log);
   };
-  EXPECT_FLOAT_EQ(timeout("01", 21), 18);
-  EXPECT_FLOAT_EQ(timeout("", 33), 12);
+  EXPECT_DOUBLE_EQ(timeout("01", 21), 18);
+  EXPECT_DOUBLE_EQ(timeout("", 33), 12);
   facts.ElementLists[config::kCaps] = "01,02,04,";
   facts.CapTimeList = "20,0,7.5,";
   facts.ResetTimeout = 30;
-  EXPECT_FLOAT_EQ(timeout("01", 21), 24);
-  EXPECT_FLOAT_EQ(timeout("02", 22), 18);
-  EXPECT_FLOAT_EQ(timeout("04", 23), 9);
-  EXPECT_FLOAT_EQ(timeout("03", 23), 18);
-  EXPECT_FLOAT_EQ(timeout("01", 33), 36);
+  EXPECT_DOUBLE_EQ(timeout("01", 21), 24);
+  EXPECT_DOUBLE_EQ(timeout("02", 22), 18);
+  EXPECT_DOUBLE_EQ(timeout("04", 23), 9);
+  EXPECT_DOUBLE_EQ(timeout("03", 23), 18);
+  EXPECT_DOUBLE_EQ(timeout("01", 33), 36);
   // A file may say anything.
   facts.CapTimeList = "600,1e39,";
   facts.ResetTimeout = std::numeric_limits<float>::max();
-  EXPECT_FLOAT_EQ(timeout("01", 21), 720);
+  EXPECT_DOUBLE_EQ(timeout("01", 21), 720);
   EXPECT_EQ(files.Get("/app/log"), "");
-  EXPECT_FLOAT_EQ(timeout("02", 22), 720);
-  EXPECT_FLOAT_EQ(timeout("", 33), 720);
+  EXPECT_DOUBLE_EQ(timeout("02", 22), 720);
+  EXPECT_DOUBLE_EQ(timeout("", 33), 720);
   EXPECT_EQ(files.Get("/app/log"),
             "Cap close: the configured time is too long, 600 seconds are used\r\n"
             "Machine reset: the configured time is too long, 600 seconds are used\r\n");

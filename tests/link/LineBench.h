@@ -46,9 +46,11 @@ struct LineBench {
   }
 
   // Has the machine begin with a transfer, and takes part in it if it agrees.
-  int Receive() { return Ask("#cr*") ? Engine.XmodemTransfer(1, 128, kFile) : kNotStarted; }
+  int Receive() {
+    return Ask("#cr*") ? Engine.XmodemTransfer(link::kXmodemReceive, 128, kFile) : kNotStarted;
+  }
   int Send(int size = 128) {
-    return Ask("#ct*") ? Engine.XmodemTransfer(0, size, kSource) : kNotStarted;
+    return Ask("#ct*") ? Engine.XmodemTransfer(link::kXmodemSend, size, kSource) : kNotStarted;
   }
 
   // Line and machine are sound again, and whatever was under way is over.

@@ -65,7 +65,7 @@ TEST(Xmodem, ReceivesQuietly) {
 
 TEST(Xmodem, ReopensThePortAfterAnAbort) {
   struct {
-    int Direction;
+    link::XmodemDirection Direction;
     bool Chosen;  // a port has been chosen in the window
     Opening Expected;
   } const cases[] = {
@@ -121,7 +121,7 @@ TEST(Xmodem, FeelsTheOperatorInEveryWaitWithinHalfASecond) {
   const std::string first = Block(1, "x");
   struct {
     const char* Wait;
-    int Direction;
+    link::XmodemDirection Direction;
     Script Play;
   } const cases[] = {
       {"for a receiver", link::kXmodemSend, [](ScriptedPort&) {}},

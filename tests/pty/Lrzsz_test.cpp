@@ -105,7 +105,7 @@ class PeerPort final : public FdPort {
 
 struct Case {
   std::vector<std::string> Program;
-  int Direction;
+  link::XmodemDirection Direction;
   int BlockSize;
   bool Crc;
   std::size_t Size;
