@@ -1,6 +1,7 @@
 #include "qt/StandardViews.h"
 
 #include "qt/Form1View.h"
+#include "qt/FormAutoView.h"
 #include "qt/FormCommView.h"
 #include "qt/FormDbgView.h"
 #include "qt/PlainView.h"
@@ -10,6 +11,7 @@ namespace tintbench::desktop {
 
 void AddStandardViews(DesktopScreen& screen) {
   screen.AddView(MakeForm1View);
+  screen.AddView(MakeFormAutoView);
   screen.AddView(MakeFormCommView);
   screen.AddView(MakeFormDbgView);
   screen.AddView(MakePlainView);
