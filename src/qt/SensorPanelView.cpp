@@ -250,14 +250,19 @@ void AddTitle(ui::Label& label, Card& card) {
   card.Body().addWidget(title);
 }
 
+// What of a panel's content grows old, or null. Of what scrolls it's the inner part: were the
+// whole made pale, the ground behind wouldn't be drawn anew, and old texts would show through.
+QWidget* Ageing(QWidget* widget) {
+  if (auto* const area = qobject_cast<QAbstractScrollArea*>(widget)) return area->viewport();
+  return dynamic_cast<PictureWidget*>(widget);
+}
+
 // What is old is drawn pale: sensors, lamps and errors, but not what the panel says of itself.
 void FadeWith(const ui::Frame& frame, Binding& binding, const Card& card) {
   constexpr double kPale = 0.5;
-  for (QWidget* content : card.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-    if (qobject_cast<QAbstractScrollArea*>(content) == nullptr &&
-        dynamic_cast<PictureWidget*>(content) == nullptr) {
-      continue;
-    }
+  for (QWidget* widget : card.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    QWidget* const content = Ageing(widget);
+    if (content == nullptr) continue;
     auto* const effect = new QGraphicsOpacityEffect(content);
     effect->setOpacity(kPale);
     content->setGraphicsEffect(effect);

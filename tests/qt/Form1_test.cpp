@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QGraphicsEffect>
+#include <QImage>
 #include <QLabel>
 #include <QPaintEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QWindow>
+#include <cstdlib>
 
 #include "qt/Desk.h"
 #include "qt/Inspect.h"
@@ -25,6 +28,27 @@ class MainWindow : public Desk {
  protected:
   FormWindow& Window() { return Desk::Window(*main); }
   QString Words(ui::Label& label) { return Of<QLabel>(label).text(); }
+  // How many pixels of a text, written over another, differ on the screen from a fresh drawing.
+  int GhostsIn(ui::TextBox& texts) {
+    for (const char* text : {"WWWWWWWW", "iiii"}) {
+      texts.Text = text;
+      Pass(1);
+    }
+    const auto& widget = Of<QWidget>(texts);
+    const QRect place(widget.mapTo(&Window(), QPoint(0, 0)), widget.size());
+    const QImage shown = Window().screen()->grabWindow(Window().winId()).toImage().copy(place);
+    const QImage fresh = Window().grab(place).toImage();
+    EXPECT_EQ(shown.size(), fresh.size());
+    constexpr int kRounding = 4;
+    int ghosts = 0;
+    for (int y = 0; y < fresh.height(); ++y) {
+      for (int x = 0; x < fresh.width(); ++x) {
+        const int difference = qGray(shown.pixel(x, y)) - qGray(fresh.pixel(x, y));
+        if (std::abs(difference) > kRounding) ++ghosts;
+      }
+    }
+    return ghosts;
+  }
   SensorIndicator& Pill(int bit) { return Of<SensorIndicator>(main->Panels.ICheck1(bit)); }
   QPushButton& Head(int panel) { return Of<QPushButton>(main->CmdResize(panel)); }
   QWidget& Panel(int panel) { return Of<QWidget>(main->Panels.Frame(panel)); }
@@ -144,6 +168,7 @@ TEST_F(MainWindow, WhatIsOldIsPale) {
     EXPECT_FALSE(pale());
     Press(main->MnuMachConf);
     EXPECT_TRUE(pale());
+    EXPECT_EQ(GhostsIn(main->Panels.ErText1), 0);
     Window().LeaveMenus();
     Pass(3);
     Key(Qt::Key_Escape);
