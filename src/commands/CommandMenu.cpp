@@ -46,6 +46,7 @@ void CommandMenu::Load() {
   lastRow_.reset();
   lastArgument_.clear();
   window_.TxtFind.Text = "";
+  ShowFound("");
   for (const int box : {kSent, kReceived, kStatus}) window_.ShowIoText(box, "");
   window_.CmdExec.Default = true;
   FillLists();
@@ -131,22 +132,28 @@ void CommandMenu::SelectNone() {
   LoadComOnButton(window_.CmbCtype.ListIndex, -1);
 }
 
+// Takes no room beside the field while it has nothing to say.
+void CommandMenu::ShowFound(const std::string& text) {
+  window_.LblFound.Caption = text;
+  window_.LblFound.Visible = !text.empty();
+}
+
 void CommandMenu::SelectHit(std::size_t hit) {
   hit_ = hit;
-  window_.LblFound.Caption = std::to_string(hit + 1) + " of " + std::to_string(hits_.size());
+  ShowFound(std::to_string(hit + 1) + " of " + std::to_string(hits_.size()));
   SelectRow(hits_[hit]);
 }
 
 void CommandMenu::TxtFind_Change() {
   const std::string wanted = base::ToUpper(base::Trim(window_.TxtFind.Text.Get()));
   hits_.clear();
-  window_.LblFound.Caption = "";
+  ShowFound("");
   if (wanted.empty()) return;
   hits_ = Places([&wanted](const ui::ListBox& list, int index) {
     return base::ToUpper(list.List(index)).find(wanted) != std::string::npos;
   });
   if (!hits_.empty()) return SelectHit(0);
-  window_.LblFound.Caption = kNoHit;
+  ShowFound(kNoHit);
   SelectNone();
 }
 

@@ -55,6 +55,7 @@ class CommandMenu {
   std::vector<Place> Places(Fits fits) const;
   void SelectRow(Place place);
   void SelectNone();
+  void ShowFound(const std::string& text);
   void SelectHit(std::size_t hit);
   void LoadComOnButton(int group, int listIndex);
   void ShowPanels(CommandId row);

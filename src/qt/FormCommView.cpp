@@ -95,6 +95,7 @@ void AddStop(ui::Button& control, double scale, QBoxLayout& row, int stretch, QW
 
 void AddFind(commands::CommWindow& form, QBoxLayout& column, QWidget& face) {
   auto* const row = new QHBoxLayout;
+  row->setSpacing(Em(face) / 2);
   auto& field = AddTitled<QLineEdit>(form.LblFind, form.TxtFind, *row, face);
   field.setPlaceholderText("a few letters of a command");
   field.setClearButtonEnabled(true);
@@ -208,7 +209,9 @@ QWidget* MakeFormCommView(commands::FormComm& form, QWidget* parent) {
   faces->setContentsMargins(margin, margin, margin, margin);
   faces->addWidget(MakeCommandFace(form, *view));
   faces->addWidget(MakeMaintenanceFace(form, *view));
-  faces->addWidget(MakeWidget<QLabel>(form.LblOn, view));
+  auto* const on = MakeWidget<QLabel>(form.LblOn, view);
+  on->setContentsMargins(0, margin / 2, 0, 0);
+  faces->addWidget(on);
   rows->addLayout(faces, 1);
   AddDebugFrame(form.Debug, *view, *rows);
   return view;
