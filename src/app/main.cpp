@@ -9,6 +9,7 @@
 #include "app/AppFiles.h"
 #include "app/AppOptions.h"
 #include "app/EndSignals.h"
+#include "app/LastWord.h"
 #include "base/Clock.h"
 #include "qt/Application.h"
 #include "qt/DesktopScreen.h"
@@ -85,7 +86,11 @@ shell::Program::Result RunProgram(const Run& run, Line& line, ui::Screen& screen
                           .Identity = base::MakeIdentity(kTitle, TINTBENCH_VERSION),
                           .AppPath = run.AppPath,
                           .CommandLine = run.Options.CommandLine});
-  return program.Main();
+  const LastWord lastWord([&program] { program.LetGoOfMachine(); });
+  const shell::Program::Result result = program.Main();
+  const std::string on = program.LeftOn();
+  if (!on.empty()) Complain("perhaps still switched on at the machine: " + on);
+  return result;
 }
 
 int RunOperator(const Run& run, const ui::OperatorScript& script) {

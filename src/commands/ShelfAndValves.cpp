@@ -1,6 +1,7 @@
 #include "commands/ShelfAndValves.h"
 
 #include <cmath>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -42,8 +43,8 @@ void ShelfAndValves::ShelfMotion(CommandId row, const std::string& answer) {
   }
 }
 
-void ShelfAndValves::MoveShelf(const Way& wanted, const Way& opposite) {
-  if (!window_.Work.Facts.HasShelf) return;
+bool ShelfAndValves::MoveShelf(const Way& wanted, const Way& opposite) {
+  if (!window_.Work.Facts.HasShelf) return false;
   const bool stops = opposite.Moving && Now() - opposite.Since < kGuardSeconds;
   const CommandId row = (stops ? opposite : wanted).Row;
   window_.ShowReportFrame();
@@ -51,6 +52,7 @@ void ShelfAndValves::MoveShelf(const Way& wanted, const Way& opposite) {
   const std::string answer = window_.Send(row);
   ShelfMotion(row, answer);
   window_.CheckAnswer(answer, "A", "");
+  return !stops && (answer.empty() || IsAccepted(answer));
 }
 
 bool ShelfAndValves::CanPhotocellObscured(std::size_t place) {
@@ -101,15 +103,14 @@ CanCheck ShelfAndValves::ShelfonCompletelyWithCan() {
                    .Buttons = ui::BoxButtons::OkCancel,
                    .Title = kCanTitle});
   if (answer != ui::Answer::OK) return CanCheck::GivenUp;
-  shelfWaitActive_ = window_.Work.Facts.HasShelf;
   const CanCheck check = MoveAndWait();
-  shelfWaitActive_ = false;
+  raisedForCan_ = false;
   return check;
 }
 
 CanCheck ShelfAndValves::MoveAndWait() {
   const bool withShelf = window_.Work.Facts.HasShelf;
-  if (withShelf) ShelfUp();
+  raisedForCan_ = withShelf && MoveShelf(up_, down_);
   const CanCheck check = WaitForCan(withShelf ? kCanSeconds : 0);
   if (check == CanCheck::Missing || check == CanCheck::NoPhotocell) TellCanMissing(check);
   if (check != CanCheck::There || !withShelf) return check;
@@ -119,7 +120,7 @@ CanCheck ShelfAndValves::MoveAndWait() {
 }
 
 void ShelfAndValves::StopForCan() {
-  if (shelfWaitActive_ && IsMovingUp()) ShelfUp();
+  if (std::exchange(raisedForCan_, false)) ShelfUp();
 }
 
 void ShelfAndValves::TellCanMissing(CanCheck check) {

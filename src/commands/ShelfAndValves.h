@@ -30,7 +30,8 @@ class ShelfAndValves {
   // Moves the shelf; within ten seconds of a move the other way, stops that one instead.
   void ShelfUp() { MoveShelf(up_, down_); }
   void ShelfDown() { MoveShelf(down_, up_); }
-  // Stops the shelf if it is being moved up for the can: the operator wants no more.
+  // Stops the shelf if it was set off for the can, whatever earlier moves have been booked: the
+  // operator wants no more.
   void StopForCan();
   void AutomaticPunching();
   void ValveTest();
@@ -49,7 +50,9 @@ class ShelfAndValves {
   };
 
   double Now() const { return window_.Work.Screen.Time().Now(); }
-  void MoveShelf(const Way& wanted, const Way& opposite);
+  // True if the shelf may move the wanted way now; an answer that got lost may have been a good
+  // one.
+  bool MoveShelf(const Way& wanted, const Way& opposite);
   CanCheck WaitForCan(double seconds);
   CanCheck WaitWithShelf(double seconds, std::size_t place);
   bool CanPhotocellObscured(std::size_t place);
@@ -60,7 +63,7 @@ class ShelfAndValves {
 
   CommWindow& window_;
   ElementSender& sender_;
-  bool shelfWaitActive_ = false;  // the shelf is moved for the can
+  bool raisedForCan_ = false;  // the shelf was set off for the can that is waited for
   Way up_{CommandId::ShelfUp};
   Way down_{CommandId::ShelfDown};
 };

@@ -96,7 +96,7 @@ void LinkUp::TryPort(const std::string& port, const std::string& settings) {
 // first port.
 void LinkUp::WalkPorts(const std::string& firstPort, const std::string& settings) {
   bool over = false;
-  while (parts_.Status.LinkState == kPortOpen && !over) {
+  while (parts_.Status.LinkState == kPortOpen && !over && !parts_.Screen.IsClosingAll()) {
     std::string next = parts_.Ports.NextPort();
     over = next.empty();
     TryPort(over ? firstPort : next, settings);
@@ -106,7 +106,7 @@ void LinkUp::WalkPorts(const std::string& firstPort, const std::string& settings
 void LinkUp::LinkMachineLoop(const std::string& port, const std::string& settings) {
   LinkStatus& status = parts_.Status;
   bool goOn = true;
-  while (goOn) {
+  while (goOn && !parts_.Screen.IsClosingAll()) {
     switch (status.LinkState) {
       case kPortClosed:
         goOn = OpenAndStartService(port, settings);

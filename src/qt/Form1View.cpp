@@ -52,7 +52,9 @@ QLayout* MakeLinkColumn(shell::Form1& form, QWidget& view) {
   QLabel& state = AddLabel(form.LblLink, *column, view);
   state.setFont(ScaledFont(view, 1.2, true));
   state.setWordWrap(true);
-  AddLabel(form.LblProblem, *column, view).setWordWrap(true);
+  for (ui::Label* label : {&form.LblProblem, &form.LblOn}) {
+    AddLabel(*label, *column, view).setWordWrap(true);
+  }
   QLabel& hint = AddLabel(form.LblHint, *column, view);
   // The panels don't move when it comes and goes.
   QSizePolicy policy = hint.sizePolicy();

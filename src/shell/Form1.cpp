@@ -38,6 +38,7 @@ Form1::Form1(const Form1Parts& parts)
   CmdReconnect.Caption = "&Connect again";
   CmdReconnect.Visible = false;
   LblProblem.Visible = false;
+  LblOn.Visible = false;
   Picture1.Picture = state::kCardPicture;
   Picture1.Visible = false;
   Debug.FrmDbg.Visible = false;

@@ -93,6 +93,7 @@ struct Form1 : ui::Form, link::LinkView, link::LineView {
   // do something.
   ui::Label LblLink{*this, "LblLink"};
   ui::Label LblProblem{*this, "LblProblem"};
+  ui::Label LblOn{*this, "LblOn"};  // what a window has left on at the machine
   ui::Label LblHint{*this, "LblHint"};
   // What link-up does at the moment, and how long it still waits for the machine.
   ui::Label LblLinkStep{*this, "LblLinkStep"};
@@ -125,6 +126,10 @@ struct Form1 : ui::Form, link::LinkView, link::LineView {
   void ToggleLargePanel(int panel);
   // Marks the debug level in its menu and shows the frame of level 15.
   void ShowDebugLevel(int level);
+
+  // Switches off at the machine what is still on and lets its processes go on, without window, box
+  // or event: for a program whose display is gone.
+  void LetGoOfMachine();
 
   Polling& Poll() { return poll_; }
 
@@ -160,6 +165,7 @@ struct Form1 : ui::Form, link::LinkView, link::LineView {
   void OpenSubWindow(const std::function<ui::Form&()>& select, bool checksFirmware = false);
   void MMnuGrMon_Click(const ui::Menu& item);
   void LoadGroupItem(int index, const std::string& caption, int tag);
+  void ShowLeftOn();
   void LoseLink();
   void Occupy(bool occupied);
   bool AnyLarge();

@@ -105,10 +105,28 @@ void Form1::OpenSubWindow(const std::function<ui::Form&()>& select, bool checksF
     if (warning) parts_.Screen.Ask(*warning);
   }
   parts_.Screen.ShowModal(select());
+  ShowLeftOn();
   care_.Watch();
   processes_.RestartMachineProcesses(*this);
   ViewAsBefore();
   poll_.EventuallyRestartPolling();
+}
+
+// A window that could not switch off what it had switched on is closed by now.
+void Form1::ShowLeftOn() {
+  const std::string on = parts_.Windows.LeftOn();
+  LblOn.Caption = "Perhaps still switched on at the machine: " + on;
+  LblOn.Visible = !on.empty();
+}
+
+void Form1::LetGoOfMachine() {
+  if (!parts_.Port.PortOpen()) return;
+  parts_.Commands.ClearSerialBusy();
+  link::LineView nowhere;
+  if (!parts_.Windows.LeftOn().empty()) {
+    parts_.Commands.SendCommand(nowhere, link::CommandId::AllOff);
+  }
+  if (processes_.AreHeld()) processes_.RestartMachineProcesses(nowhere);
 }
 
 void Form1::MMnuGrMon_Click(const ui::Menu& item) {

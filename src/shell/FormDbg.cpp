@@ -38,7 +38,8 @@ std::optional<int> FormDbg::Edit(int level) {
   LblRefused.Visible = false;
   TxtDbgLev.Text = std::to_string(level);
   screen_.ShowModal(*this);
-  return givenUp_ ? std::nullopt : LevelIn(TxtDbgLev.Text);
+  // A program that is told to end closes the dialog, too, and keeps its level and its log.
+  return givenUp_ || screen_.IsClosingAll() ? std::nullopt : LevelIn(TxtDbgLev.Text);
 }
 
 void FormDbg::CmdOk_Click() {

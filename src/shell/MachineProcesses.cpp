@@ -13,10 +13,12 @@ bool MachineProcesses::SendBoth(link::LineView& view, link::CommandId first,
 }
 
 bool MachineProcesses::StopMachineProcesses(link::LineView& view) {
+  held_ = true;
   return SendBoth(view, link::CommandId::StopTimed, link::CommandId::StopMaster);
 }
 
 bool MachineProcesses::RestartMachineProcesses(link::LineView& view) {
+  held_ = false;
   return SendBoth(view, link::CommandId::RestartTimed, link::CommandId::RestartMaster);
 }
 

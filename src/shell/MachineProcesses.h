@@ -15,12 +15,15 @@ class MachineProcesses {
   // accepted the first. True if it accepted both; without a machine nothing is sent.
   bool StopMachineProcesses(link::LineView& view);
   bool RestartMachineProcesses(link::LineView& view);
+  // True from the one to the other.
+  bool AreHeld() const { return held_; }
 
  private:
   bool SendBoth(link::LineView& view, link::CommandId first, link::CommandId second);
 
   link::Transaction& commands_;
   const link::LinkStatus& status_;
+  bool held_ = false;
 };
 
 }  // namespace tintbench::shell

@@ -33,6 +33,7 @@ class PlainWindows final : public SubWindows {
   ui::Form& Commands(int function) override;
   ui::Form& GroupMonitor(const std::string& address) override;
   ui::Form& GroupHistory(const std::string& title) override;
+  std::string LeftOn() const override { return formComm_.On().Text(); }
 
  private:
   commands::FormComm& formComm_;

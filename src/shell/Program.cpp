@@ -27,7 +27,7 @@ Program::Program(const ProgramSetup& setup)
       transaction_(setup.Port, setup.Clock, commands_, setup.Screen, log_),
       xmodem_(setup.Port, setup.Clock, setup.Files,
               {.AppPath = setup.AppPath,
-               .ServeEvents = [this] { setup_.Screen.DoEvents(); },
+               .ServeEvents = [this] { ServeTransfer(); },
                .DebugLevel = [this] { return log_.DebugLevel(); }}),
       decoder_(names_, errors_, [this] { return base::LeadingNumber(status_.FirmwareVersion); }),
       splash_(setup.Screen, setup.Identity),
@@ -154,6 +154,12 @@ void Program::SetDebugLevel(int level) {
 // A level that is set begins a new log, and what was given up is not set.
 void Program::EditDebugLevel() {
   if (const auto level = formDbg_.Edit(log_.DebugLevel())) SetDebugLevel(*level);
+}
+
+// A program that is told to end doesn't wait for the end of a transfer.
+void Program::ServeTransfer() {
+  setup_.Screen.DoEvents();
+  if (setup_.Screen.IsClosingAll()) xmodem_.XmodemAbort();
 }
 
 void Program::ShowSplash() {

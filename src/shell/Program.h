@@ -57,6 +57,11 @@ class Program final : private MainWindowOwner {
   // Runs from the start to the end of the main window.
   Result Main();
 
+  // What is still switched on at the machine, in words, because it could not be switched off.
+  std::string LeftOn() const { return formComm_.On().Text(); }
+  // Leaves the machine as the way out does, without anything that a display is needed for.
+  void LetGoOfMachine() { form1_.LetGoOfMachine(); }
+
   // Parts that tests and measurements look at.
   const link::LinkStatus& Status() const { return status_; }
   const config::MachineFacts& Facts() const { return facts_; }
@@ -73,6 +78,7 @@ class Program final : private MainWindowOwner {
   void EditDebugLevel() override;
 
   void SweepUp();
+  void ServeTransfer();
   void ShowSplash();
   void AwaitSplash();
   void ShowMainWindow();

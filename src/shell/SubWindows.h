@@ -19,6 +19,8 @@ class SubWindows {
   virtual ui::Form& Commands(int function) = 0;  // one of commands::FormFunction
   virtual ui::Form& GroupMonitor(const std::string& address) = 0;
   virtual ui::Form& GroupHistory(const std::string& title) = 0;
+  // What the windows have switched on at the machine and could not switch off again, in words.
+  virtual std::string LeftOn() const = 0;
 };
 
 }  // namespace tintbench::shell

@@ -186,7 +186,7 @@ void TellInPanels(SensorPanels& panels, std::span<const Panel> which, const std:
   const std::array<ui::Label*, kAnsweredPanels.size()> lines{&panels.ILabel1, &panels.OLabel1,
                                                              &panels.ErLabel1};
   for (const Panel panel : which) {
-    ui::Label& line = *lines.at(panel);
+    ui::Label& line = *lines.at(static_cast<std::size_t>(panel));
     line.Caption = text;
     line.Refresh();
   }

@@ -196,6 +196,30 @@ TEST(ShelfAndValves, WaitsForTheCan) {
   }
 }
 
+// Whatever earlier trips have left in the book, the shelf that is on its way is stopped.
+TEST(ShelfAndValves, TheShelfIsStoppedOnEveryTripForTheCan) {
+  for (const std::string key : {"HALT", "Esc"}) {
+    for (const char* fault : {"none", "silent 1 #eu*"}) {
+      SCOPED_TRACE(key + ", fault " + fault);
+      MaintenanceBench bench;
+      for (const char* words : {"can on", "shelf high"}) ASSERT_EQ(bench.Machine.Tell(words), "");
+      bench.Screen.After(20, [&] {
+        for (const std::string& words :
+             {std::string("can off"), std::string("shelf low"), "fault " + std::string(fault)}) {
+          ASSERT_EQ(bench.Machine.Tell(words), "");
+        }
+      });
+      const std::string stop = "#eu*#z*";
+      const std::string wire = Wire(bench, {{1, "P"}, {25, "P"}, {3, key}});
+      EXPECT_EQ(wire.substr(wire.rfind('|') + 1, stop.size()), stop) << wire;
+      // An unanswered command keeps the line until the shelf is up.
+      if (fault == std::string("none")) {
+        EXPECT_EQ(bench.Machine.Tell("check shelf between"), "");
+      }
+    }
+  }
+}
+
 TEST(ShelfAndValves, WaitForTheCanCanBeEnded) {
   for (const std::string key : {"HALT", "Esc"}) {
     SCOPED_TRACE(key);

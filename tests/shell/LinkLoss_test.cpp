@@ -33,6 +33,45 @@ class LinkLoss : public ::testing::Test {
   TestProgram test;
 };
 
+// A valve that could not be closed is told when its window is gone, until it is closed.
+TEST_F(LinkLoss, WhatIsLeftOnIsToldInTheMainWindow) {
+  const auto maintain = [&](std::initializer_list<int> keys) {
+    double after = 1;
+    for (const int key : keys) {
+      test.Screen.After(after, [&test = test, key] { test.Screen.Front()->PressKey(key, 0); });
+      after += 20;
+    }
+    Window().MMnuMaint.Press();
+  };
+  Run({[&] {
+    test.Screen.After(10, [&] { Tell("fault silent"); });
+    maintain({ui::kKeyF1 + 2, ui::kKeyEsc});
+    EXPECT_EQ(Window().LblOn.Caption.Get(),
+              "Perhaps still switched on at the machine: electrovalve 01");
+    EXPECT_TRUE(Window().LblOn.Visible);
+    EXPECT_EQ(test.Program->LeftOn(), "electrovalve 01");
+    Tell("fault none");
+    maintain({ui::kKeyEsc});
+    EXPECT_FALSE(Window().LblOn.Visible);
+    Tell("check valves none");
+  }});
+}
+
+// As when the display is taken away: no window closes, and nothing is asked.
+TEST_F(LinkLoss, AProgramWithoutADisplayLeavesTheMachineAsItShould) {
+  Run({[&] {
+    test.Screen.After(1, [&] { test.Screen.Front()->PressKey(ui::kKeyF1 + 2, 0); });
+    test.Screen.After(5, [&] {
+      Tell("check valves 01");
+      TakeWritten();
+      test.Program->LetGoOfMachine();
+      EXPECT_EQ(TakeWritten(), "#z*#pr*#ps*");
+      test.Screen.Front()->PressKey(ui::kKeyEsc, 0);
+    });
+    Window().MMnuMaint.Press();
+  }});
+}
+
 TEST_F(LinkLoss, LostLineIsToldOnceAndConnectedAgainOnlyByTheOperator) {
   Run({[&] {
          Pass(2);
