@@ -39,7 +39,9 @@ void MaintenanceOptions::UnlockOptions() {
 void MaintenanceOptions::AllowOnly(std::initializer_list<MaintenanceOption> allowed,
                                    std::optional<MaintenanceOption> selected) {
   optionLocked_.fill(true);
-  for (const MaintenanceOption option : allowed) optionLocked_.at(option) = false;
+  for (const MaintenanceOption option : allowed) {
+    optionLocked_.at(static_cast<std::size_t>(option)) = false;
+  }
   Refresh();
   if (selected) Select(*selected);
 }
