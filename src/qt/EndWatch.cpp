@@ -9,7 +9,7 @@
 namespace tintbench::desktop {
 
 EndWatch::EndWatch(int descriptor, std::function<void()> end) : end_(std::move(end)) {
-  qApp->installEventFilter(this);
+  QCoreApplication::instance()->installEventFilter(this);
   if (descriptor >= 0) {
     auto* const notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] { end_(); });
@@ -24,12 +24,12 @@ EndWatch::EndWatch(int descriptor, std::function<void()> end) : end_(std::move(e
 }
 
 EndWatch::~EndWatch() {
-  if (qApp != nullptr) qApp->removeEventFilter(this);
+  if (auto* const application = QCoreApplication::instance()) application->removeEventFilter(this);
 }
 
 // The toolkit would close all its windows at once, in an order of its own.
 bool EndWatch::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != qApp || event->type() != QEvent::Quit) return false;
+  if (watched != QCoreApplication::instance() || event->type() != QEvent::Quit) return false;
   end_();
   return true;
 }

@@ -17,7 +17,7 @@
 namespace tintbench::testing {
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TINTBENCH_SANITIZED
 constexpr int kKills = 100;
 #else
 constexpr int kKills = 1000;

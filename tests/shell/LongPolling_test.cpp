@@ -25,7 +25,7 @@ namespace tintbench::testing {
 namespace {
 
 constexpr double kHour = 3600;
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TINTBENCH_SANITIZED
 constexpr double kDay = 2 * kHour;  // for the sanitizers' slowness
 #else
 constexpr double kDay = 8 * kHour;
@@ -42,7 +42,7 @@ constexpr std::array kFaults{
     "foreign",      "twice",      "reset 2",       "babble 3",
 };
 
-#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
+#if defined(__GLIBC__) && !defined(TINTBENCH_SANITIZED)
 constexpr bool kHeapIsMeasured = true;
 std::size_t HeapInUse() { return mallinfo2().uordblks; }
 #else

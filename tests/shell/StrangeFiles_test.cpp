@@ -22,7 +22,7 @@ using testing::TestProgram;
 constexpr std::size_t kMega = 1000000;
 // The memory is what a reader may take, in MB: its longest line in some copies, and buffers. The
 // address sanitizer holds back what was freed, and is slow.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TINTBENCH_SANITIZED
 constexpr std::size_t kEndless = 20 * kMega;
 constexpr int kMostMemory = 16;
 #else
