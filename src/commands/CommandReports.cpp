@@ -29,7 +29,7 @@ using Decoder = void (*)(const Exchange&, CommWindow&, Outcome&);
 
 // What is special to the rows from `First` to `Last`.
 struct RowRule {
-  CommandId First;
+  CommandId First = {};
   CommandId Last = First;
   unsigned View = 0;
   std::array<Field, 4> Fields = {};

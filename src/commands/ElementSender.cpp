@@ -8,7 +8,6 @@ namespace tintbench::commands {
 
 namespace {
 
-constexpr std::size_t kElementWidth = 2;
 constexpr std::size_t kSpeedWidth = 3;
 constexpr double kPauseBetween = 0.8;    // seconds
 constexpr double kAnswerPatience = 5.0;  // seconds

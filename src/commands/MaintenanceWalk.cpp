@@ -35,10 +35,10 @@ std::string NextStepHint(CommandId row) {
 }  // namespace
 
 struct MaintenanceWalk::Walk {
-  int Option;
-  CommandId OnRow;
+  int Option = 0;
+  CommandId OnRow = {};
   std::optional<CommandId> OffRow;  // none: nothing to switch off, and the walk goes round for ever
-  config::ElementKind Elements;
+  config::ElementKind Elements = {};
 };
 
 const MaintenanceWalk::Walk* MaintenanceWalk::WalkOf(int option) {

@@ -9,8 +9,6 @@ namespace tintbench::commands {
 
 namespace {
 
-constexpr std::size_t kElementWidth = 2;
-
 bool IsRefusal(std::string_view answer) { return answer.size() == 1 && answer[0] != 'A'; }
 
 }  // namespace

@@ -3,11 +3,15 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <set>
 #include <string>
 #include <string_view>
 
 namespace tintbench::commands {
+
+// Digits of an element's number on the line.
+inline constexpr std::size_t kElementWidth = 2;
 
 class SwitchedOn {
  public:

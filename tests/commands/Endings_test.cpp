@@ -39,8 +39,9 @@ const Process kProcesses[] = {
 // clang-format on
 
 // What the operator does upon a command, and whether that one stays unanswered.
-constexpr std::pair<const char*, bool> kEndings[] = {
-    {"HALT", false}, {"HALT", true}, {"Esc", false}, {"close", true}, {"unplug", false}};
+constexpr std::pair<const char*, bool> kEndings[] = {{"HALT", false},  {"HALT", true},
+                                                     {"Esc", false},   {"close", true},
+                                                     {"signal", true}, {"unplug", false}};
 
 // One run of a process.
 class Ending {
@@ -84,6 +85,7 @@ class Ending {
     bench_.Screen.After(0, [this] {
       if (ending_ == "unplug") bench_.Machine.Tell("unplug");
       bench_.Window.PressKey(ui::kKeyEnter, 0);
+      if (ending_ == "signal") return bench_.Screen.CloseAll();
       bench_.Press(ending_ == "unplug" ? "HALT" : ending_);
     });
   }
