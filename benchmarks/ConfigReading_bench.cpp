@@ -2,13 +2,11 @@
 // of the built-in machine's file in one, beside reading the same lines and dropping them; and how
 // the time grows with the size. A reader stops at 4 MiB: a thousand copies are just within that.
 // All times are processor time.
-#include <algorithm>
 #include <cmath>
-#include <ctime>
 #include <filesystem>
-#include <limits>
 #include <string>
 
+#include "Fastest.h"
 #include "Ratio.h"
 #include "base/Files.h"
 #include "config/MachineFacts.h"
@@ -17,36 +15,16 @@
 namespace tintbench::bench {
 namespace {
 
-constexpr double kLeastSeconds = 1.0;  // what a size is measured for
-
-double Now() {
-  timespec time{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-// Seconds of the fastest of many rounds; negative if one fails.
-template <typename Work>
-double Best(Work work) {
-  double best = std::numeric_limits<double>::infinity();
-  for (const double start = Now(); Now() - start < kLeastSeconds;) {
-    const double before = Now();
-    if (!work()) return -1;
-    best = std::min(best, Now() - before);
-  }
-  return best;
-}
-
 double Measure(const std::string& path, std::size_t copies) {
   base::StandardFileSystem files;
   std::string text;
   for (std::size_t i = 0; i < copies; ++i) text += simulator::SampleConfiguration();
   if (!base::ReplaceFile(files, path, text)) return -1;
-  const double reading = Best([&] {
+  const double reading = Fastest([&] {
     config::MachineFacts facts;
     return config::ExecuteConfigKnown(files, path, 1, facts);
   });
-  const double lines = Best([&] {
+  const double lines = Fastest([&] {
     base::LineReader reader(files, path);
     for (std::string line; reader.Next(line);) {
     }

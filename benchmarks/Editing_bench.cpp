@@ -1,13 +1,11 @@
 // Speed at which a configuration is opened for editing, saved and searched, on one copy of the
 // built-in machine's file and on a thousand in one, beside reading the same lines and dropping
 // them; and how the time grows with the size. All times are processor time.
-#include <algorithm>
 #include <cmath>
-#include <ctime>
 #include <filesystem>
-#include <limits>
 #include <string>
 
+#include "Fastest.h"
 #include "Ratio.h"
 #include "editor/ConfigDocument.h"
 #include "simulator/SampleConfiguration.h"
@@ -15,27 +13,8 @@
 namespace tintbench::bench {
 namespace {
 
-constexpr double kLeastSeconds = 1.0;  // what a piece of work is measured for
 constexpr std::size_t kCopies = 1000;
 constexpr std::size_t kFindings = 500;
-
-double Now() {
-  timespec time{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-// Seconds of the fastest of many rounds; negative if one fails.
-template <typename Work>
-double Best(Work work) {
-  double best = std::numeric_limits<double>::infinity();
-  for (const double start = Now(); Now() - start < kLeastSeconds;) {
-    const double before = Now();
-    if (!work()) return -1;
-    best = std::min(best, Now() - before);
-  }
-  return best;
-}
 
 struct Times {
   double Open;
@@ -54,17 +33,17 @@ Times Measure(const std::string& folder, std::size_t copies) {
   const std::string path = folder + "machine.cfg";
   if (!base::ReplaceFile(files, path, text)) return {-1, -1};
   document.SetConfigName(folder, "machine", "cfg");
-  const double lines = Best([&] {
+  const double lines = Fastest([&] {
     base::LineReader reader(files, path);
     for (std::string line; reader.Next(line);) {
     }
     return !reader.Failed();
   });
   const Times times{
-      Best([&] { return static_cast<bool>(document.LoadConfigFile()); }), Best([&] {
+      Fastest([&] { return static_cast<bool>(document.LoadConfigFile()); }), Fastest([&] {
         return static_cast<bool>(document.WriteConfigFile(folder + "saved.cfm").Result);
       })};
-  const double find = Best([&] {
+  const double find = Fastest([&] {
     document.Find("no such text", 1, kFindings);
     return true;
   });
