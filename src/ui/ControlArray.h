@@ -14,9 +14,16 @@ namespace tintbench::ui {
 template <typename Kind>
 class ControlArray {
  public:
-  // Makes the elements 0 to `count` - 1.
+  // What holds the element of an index.
+  using Holder = std::function<Container&(int)>;
+
+  // Makes the elements 0 to `count` - 1, all in `parent`.
   ControlArray(Container& parent, std::string name, int count)
-      : parent_(parent), name_(std::move(name)) {
+      : ControlArray([&parent](int) -> Container& { return parent; }, std::move(name), count) {}
+
+  // The same, each in a holder of its own.
+  ControlArray(Holder holder, std::string name, int count)
+      : holder_(std::move(holder)), name_(std::move(name)) {
     for (int index = 0; index < count; ++index) Load(index);
   }
 
@@ -32,7 +39,7 @@ class ControlArray {
   Kind& Load(int index) {
     std::unique_ptr<Kind>& element = elements_[index];
     if (!element) {
-      element = std::make_unique<Kind>(parent_, name_, index);
+      element = std::make_unique<Kind>(holder_(index), name_, index);
       if (prepare_) prepare_(*element, index);
     }
     return *element;
@@ -48,7 +55,7 @@ class ControlArray {
   }
 
  private:
-  Container& parent_;
+  Holder holder_;
   std::string name_;
   std::map<int, std::unique_ptr<Kind>> elements_;
   std::function<void(Kind&, int)> prepare_;
