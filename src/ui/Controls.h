@@ -80,7 +80,8 @@ class OptionButton : public Control {
 struct ListRow {
   std::string Text;
   int ItemData = 0;
-  bool Selected = false;  // the check mark of a list with check marks
+  bool Selected = false;    // the check mark of a list with check marks
+  std::string Detail = {};  // what a view shows beside the text; no part of it
   friend bool operator==(const ListRow&, const ListRow&) = default;
 };
 using ListRows = std::vector<ListRow>;
@@ -131,6 +132,7 @@ class ListBox : public RowControl {
 class ComboBox : public RowControl {
  public:
   using RowControl::RowControl;
+  Event<> DropDown;  // the list is about to open
 };
 
 struct TabPage {
