@@ -23,6 +23,13 @@ bool ComPort::DefinePortList() {
   return !portList_.empty();
 }
 
+void ComPort::AddPort(int number) {
+  const std::string added = FormatPortNumber(number);
+  std::size_t at = 0;
+  while (at < portList_.size() && portList_.compare(at, kDigits, added) < 0) at += kDigits;
+  if (portList_.compare(at, kDigits, added) != 0) portList_.insert(at, added);
+}
+
 std::string ComPort::NextPort() const {
   const std::string present = FormatPortNumber(port_.CommPort());
   for (std::size_t at = 0; at < portList_.size(); at += kDigits) {

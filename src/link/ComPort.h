@@ -38,6 +38,8 @@ class ComPort {
   // The port behind the present one in the list; empty at the list's end, and if the present one
   // isn't in the list.
   std::string NextPort() const;
+  // Takes a port into the list that wasn't there when the list was made.
+  void AddPort(int number);
   // A port number in three digits.
   static std::string FormatPortNumber(int number);
 

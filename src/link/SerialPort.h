@@ -5,8 +5,19 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tintbench::link {
+
+// What stands behind a port's number.
+struct PortDevice {
+  int Number = 0;
+  std::string Device;   // "/dev/ttyUSB0"
+  std::string Adapter;  // its name, as far as it tells one
+  bool IsNew = false;   // it wasn't there yet when the program started
+
+  std::string Words() const { return Adapter.empty() ? Device : Device + ", " + Adapter; }
+};
 
 class SerialPort {
  public:
@@ -27,6 +38,10 @@ class SerialPort {
   // True if the device of `CommPort` is there, so that the port could be opened. Asks the system
   // only: nothing goes on the line.
   virtual bool DevicePresent() const { return true; }
+
+  // Looks up anew what stands behind the numbers. A device keeps the number that it has once got,
+  // and one that wasn't there before gets a free number.
+  virtual std::vector<PortDevice> Devices() { return {}; }
 
   // Why the port couldn't be opened when that was tried last, and what to do about it, in a line;
   // empty if it could, or if nothing is known.

@@ -81,6 +81,7 @@ int XmodemReceiver::ReceiveBlocks(int header) {
     const bool good = block == kXmodemSuccessful;
     if (good) status = KeepBlock();
     if (status != kXmodemSuccessful) return status;
+    if (!good) ++session_.State.RepeatedBlocks;
     // A block that was asked for comes twice when the sender, too, had waited long enough. One
     // acknowledgement is for both: a second one would count for the next block.
     const int restMs = good ? kQuietEndMs : kDrainTimeoutMs;

@@ -42,6 +42,7 @@ void XmodemReport::ReportStatus(int status, const XmodemProgress& progress) {
   if (progress.Percent != -1) display_->PrgbTransf.Value = progress.Percent;
   Choose(display_->OptCheck, progress.Crc);
   Choose(display_->OptSize, progress.Size1024);
+  if (display_->Told) display_->Told();
 }
 
 }  // namespace tintbench::link

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -19,6 +20,7 @@ struct XmodemDisplay {
   ui::ProgressBar& PrgbTransf;
   ui::ControlArray<ui::OptionButton>& OptCheck;  // 0 checksum, 1 CRC
   ui::ControlArray<ui::OptionButton>& OptSize;   // 0 for 128 bytes, 1 for 1024
+  std::function<void()> Told = {};               // called behind each report
 };
 
 // The numbers of a report. -1 leaves what is shown as it is.

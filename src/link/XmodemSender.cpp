@@ -88,6 +88,7 @@ int XmodemSender::SendBlock() {
   int cancels = 0;
   for (int attempt = 0; attempt < kBlockTries; ++attempt) {
     if (session_.State.XmodemAbortFlag) return session_.Cancel(kXmodemAborted);
+    if (attempt > 0) ++session_.State.RepeatedBlocks;
     session_.Line.Send(block);
     const int status = AwaitAcknowledge(cancels);
     if (status == kXmodemSuccessful) {

@@ -28,6 +28,7 @@ struct XmodemState {
   std::int64_t TransferredBlocks = 0;
   std::int64_t TotalBlocks = 0;
   std::int64_t TransferredBytes = 0;
+  std::int64_t RepeatedBlocks = 0;  // how often a block went once more
   int Percent = 0;
   std::string FileName;
   std::string Problem;  // why the file couldn't be kept here, in words

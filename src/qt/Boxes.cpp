@@ -174,7 +174,8 @@ std::optional<std::string> AskFile(const ui::FileRequest& request, const std::st
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setAcceptMode(request.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  dialog.setFileMode(request.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  const bool mayBeNew = request.Saving || request.MayBeNew;
+  dialog.setFileMode(mayBeNew ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   if (!request.Folder.empty()) {
     dialog.setDirectory(QFile::decodeName(QByteArray::fromStdString(request.Folder)));
   }

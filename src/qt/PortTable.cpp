@@ -35,8 +35,13 @@ QStringList SystemPorts() {
 
 PortTable::PortTable(std::map<int, std::string> given) : given_(std::move(given)) {
   devices_ = given_;
+  LookUp();
+  new_.clear();
+}
+
+void PortTable::LookUp() {
   QSet<QString> used;
-  for (const auto& [number, device] : given_) {
+  for (const auto& [number, device] : devices_) {
     used.insert(RealDevice(QString::fromStdString(device)));
   }
   int number = 1;
@@ -45,6 +50,7 @@ PortTable::PortTable(std::map<int, std::string> given) : given_(std::move(given)
     while (devices_.contains(number)) ++number;
     if (number > link::kMostPorts) return;
     devices_[number] = port.toStdString();
+    new_.insert(number);
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 
 namespace tintbench::desktop {
@@ -12,6 +13,13 @@ class PortTable {
   // are filled with the ports that the system lists, in natural order, each once.
   explicit PortTable(std::map<int, std::string> given);
 
+  // Gives ports that the system lists by now, and that have no number, the free numbers.
+  void LookUp();
+  // True if the port has got its number by looking up again.
+  bool IsNew(int number) const { return new_.contains(number); }
+
+  // All of them, by number.
+  const std::map<int, std::string>& Devices() const { return devices_; }
   // The device of a number; empty if there is none.
   std::string Device(int number) const;
   // True if the operator has named the device himself.
@@ -20,6 +28,7 @@ class PortTable {
  private:
   std::map<int, std::string> given_;
   std::map<int, std::string> devices_;
+  std::set<int> new_;
 };
 
 }  // namespace tintbench::desktop

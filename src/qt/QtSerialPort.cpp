@@ -1,5 +1,7 @@
 #include "qt/QtSerialPort.h"
 
+#include <QFileInfo>
+#include <QSerialPortInfo>
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
@@ -78,6 +80,16 @@ void QtSerialPort::Settings(const std::string& settings) {
 bool QtSerialPort::DevicePresent() const {
   const std::string device = ports_.Device(number_);
   return !device.empty() && DeviceProblem(device).empty();
+}
+
+std::vector<link::PortDevice> QtSerialPort::Devices() {
+  ports_.LookUp();
+  std::vector<link::PortDevice> devices;
+  for (const auto& [number, device] : ports_.Devices()) {
+    const QSerialPortInfo info(QFileInfo(QString::fromStdString(device)).fileName());
+    devices.push_back({number, device, info.description().toStdString(), ports_.IsNew(number)});
+  }
+  return devices;
 }
 
 bool QtSerialPort::PortOpen(bool open) {

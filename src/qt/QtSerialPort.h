@@ -6,6 +6,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "base/Clock.h"
 #include "link/SerialPort.h"
@@ -28,6 +29,7 @@ class QtSerialPort final : public link::SerialPort {
   std::string Settings() const override { return settings_; }
   void Settings(const std::string& settings) override;
   bool DevicePresent() const override;
+  std::vector<link::PortDevice> Devices() override;
   std::string LastProblem() const override { return problem_; }
   bool PortOpen() const override { return serial_.isOpen(); }
   bool PortOpen(bool open) override;

@@ -20,6 +20,15 @@ bool SimulatedPort::PortOpen() const {
   return machine_->Plugged() && machine_->PullCount() == pullsAtOpening_;
 }
 
+std::vector<link::PortDevice> SimulatedPort::Devices() {
+  std::vector<link::PortDevice> devices;
+  for (const auto& [number, machine] : ports_) {
+    devices.push_back(
+        {.Number = number, .Device = machine == nullptr ? "nothing" : "simulated machine"});
+  }
+  return devices;
+}
+
 bool SimulatedPort::DevicePresent() const {
   const auto port = ports_.find(number_);
   return port != ports_.end() && (port->second == nullptr || port->second->Plugged());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <vector>
 
 #include "base/Clock.h"
 #include "link/SerialPort.h"
@@ -21,6 +22,7 @@ class SimulatedPort final : public link::SerialPort {
   void Settings(const std::string& settings) override;
   bool PortOpen() const override;
   bool DevicePresent() const override;
+  std::vector<link::PortDevice> Devices() override;
   std::string LastProblem() const override { return problem_; }
   bool PortOpen(bool open) override;
   int InBufferSize() const override { return inBufferSize_; }

@@ -60,10 +60,12 @@ struct XmodWindow : ui::Form {
   ui::Label LblTotb{FrmStat, "LblTotb"};    // of so many
   ui::Label LblCurrs{FrmStat, "LblCurrs"};  // bytes
   ui::ProgressBar PrgbTransf{FrmStat, "PrgbTransf"};
-  ui::ControlArray<ui::OptionButton> OptCheck{FrmStat, "OptCheck", 2};  // shown, not pressed
-  ui::ControlArray<ui::OptionButton> OptSize{FrmStat, "OptSize", 2};    // shown, not pressed
-  ui::Label LblFileName{FrmStat, "LblFileName"};                        // "machine.cfm"
-  ui::Label LblPercent{FrmStat, "LblPercent"};                          // "37 %"
+  ui::Frame FrmCheck{FrmStat, "FrmCheck"};
+  ui::ControlArray<ui::OptionButton> OptCheck{FrmCheck, "OptCheck", 2};  // shown, not pressed
+  ui::Frame FrmBlock{FrmStat, "FrmBlock"};
+  ui::ControlArray<ui::OptionButton> OptSize{FrmBlock, "OptSize", 2};  // shown, not pressed
+  ui::Label LblFileName{FrmStat, "LblFileName"};                       // "machine.cfm"
+  ui::Label LblPercent{FrmStat, "LblPercent"};                         // "37 %"
   ui::Label LblBytes{FrmStat, "LblBytes"};        // "24320 of 65010 bytes", "24320 bytes"
   ui::Label LblRate{FrmStat, "LblRate"};          // "1630 bytes a second"
   ui::Label LblLeft{FrmStat, "LblLeft"};          // "25 s left"; at the end "in 40 s"

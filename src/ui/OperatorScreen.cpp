@@ -81,6 +81,12 @@ bool OperatorScreen::ServeOperator() {
   return true;
 }
 
+// The hand of a script waits, but the system may have told the program to end.
+bool OperatorScreen::ServeBacklog() {
+  if (Meanwhile) Meanwhile();
+  return false;
+}
+
 // A name that leads nowhere is told at once.
 bool OperatorScreen::RestIsOver() const {
   if (Time().Now() >= waitEnd_) return true;

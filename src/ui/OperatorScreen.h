@@ -46,6 +46,7 @@ class OperatorScreen final : public Screen {
 
  protected:
   bool ServeOperator() override;
+  bool ServeBacklog() override;
   void AwaitOperator(double when) override;
   void Appeared(Form& form, bool modal) override;
   void Vanished(Form& form) override;

@@ -45,6 +45,7 @@ struct FileRequest {
   std::string Folder = {};
   std::string FileName = {};
   bool Saving = false;
+  bool MayBeNew = false;  // a name that there isn't yet is welcome when a file is opened, too
 };
 
 class Screen {
