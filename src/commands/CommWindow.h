@@ -10,7 +10,7 @@
 #include "base/Clock.h"
 #include "commands/MaintenanceOptions.h"
 #include "commands/StopToken.h"
-#include "commands/SwitchedOn.h"
+#include "link/SwitchedOn.h"
 #include "config/MachineFacts.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
@@ -24,7 +24,7 @@
 #include "ui/Controls.h"
 #include "ui/Screen.h"
 
-namespace tintbench::commands {
+namespace tintbench::link {
 
 using link::CommandId;
 
@@ -129,7 +129,7 @@ struct CommWindow : ui::Form, link::LineView {
   // Books a command that has gone over the line, with its answer in upper case.
   void Book(std::string_view command, std::string_view answer);
   // What is switched on outlives each opening of the window, as the machine's state does.
-  const SwitchedOn& On() const { return on_; }
+  const link::SwitchedOn& On() const { return on_; }
 
   // The row's name.
   const std::string& Description(CommandId row) const { return Work.Table.Row(row).Description; }
@@ -156,10 +156,10 @@ struct CommWindow : ui::Form, link::LineView {
 
   bool MayAsk();
 
-  SwitchedOn on_;
+  link::SwitchedOn on_;
 };
 
 // The text between lines of dashes, as the operator is told what to do next.
 std::string Framed(const std::string& text);
 
-}  // namespace tintbench::commands
+}  // namespace tintbench::link

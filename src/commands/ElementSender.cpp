@@ -40,7 +40,7 @@ std::string InBrackets(const std::string& text) { return "[ " + text + " ]"; }
 std::string RoundText(const std::string& description, const std::string& piece,
                       const std::string& speed) {
   std::string text = description;
-  if (!piece.empty()) text += " " + InBrackets(base::Join(Pieces(piece, kElementWidth), " "));
+  if (!piece.empty()) text += " " + InBrackets(base::Join(Pieces(piece, link::kElementWidth), " "));
   if (!speed.empty()) text += " -> speed " + base::Bracketed(speed);
   return text + " ... ";
 }
@@ -85,7 +85,7 @@ bool ElementSender::SendElements(CommandId row, const std::string& elements,
   if (!HasWhatItMoves(row)) return true;
   const bool takesElements = window_.Work.Table.Row(row).Command.find(' ') != std::string::npos;
   if (takesElements && elements.empty()) return false;
-  if (row == CommandId::MotorOn && speeds.size() * kElementWidth != elements.size() * kSpeedWidth) {
+  if (row == CommandId::MotorOn && speeds.size() * link::kElementWidth != elements.size() * kSpeedWidth) {
     return false;
   }
   if (IsForEach(row)) return SendEach(row, elements, speeds);
@@ -95,7 +95,7 @@ bool ElementSender::SendElements(CommandId row, const std::string& elements,
 
 bool ElementSender::SendEach(CommandId row, const std::string& elements,
                              const std::string& speeds) {
-  const std::vector<std::string> pieces = Pieces(elements, kElementWidth);
+  const std::vector<std::string> pieces = Pieces(elements, link::kElementWidth);
   const std::vector<std::string> speedOf = Pieces(speeds, kSpeedWidth);
   bool good = true;
   for (std::size_t round = 0; round < pieces.size(); ++round) {

@@ -18,7 +18,7 @@ void DebugLog::OpenDebugLog() {
 }
 
 void DebugLog::WriteTransaction(std::string_view command, std::string_view answer) {
-  WriteNote(std::string(command).append(": ").append(answer));
+  if (echo_) WriteNote(std::string(command).append(": ").append(answer));
 }
 
 void DebugLog::WriteNote(std::string_view text) {

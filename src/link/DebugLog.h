@@ -33,6 +33,9 @@ class DebugLog {
 
   bool DebugLogging() const { return logging_; }
 
+  // Whether transactions are noted at all; a window that sends for ever switches that off.
+  void EchoTransactions(bool on) { echo_ = on; }
+
   // Writes the line of one transaction, if logging is on and the log is open: the command, ": "
   // and the answer as it was received.
   void WriteTransaction(std::string_view command, std::string_view answer);
@@ -46,6 +49,7 @@ class DebugLog {
   std::unique_ptr<base::OutputFile> file_;
   int level_ = 0;
   bool logging_ = false;
+  bool echo_ = true;
 };
 
 }  // namespace tintbench::link

@@ -1,11 +1,11 @@
-#include "commands/SwitchedOn.h"
+#include "link/SwitchedOn.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "base/Text.h"
 
-namespace tintbench::commands {
+namespace tintbench::link {
 
 namespace {
 
@@ -81,4 +81,4 @@ std::string SwitchedOn::Text() const {
   return base::Join(texts, ", ");
 }
 
-}  // namespace tintbench::commands
+}  // namespace tintbench::link

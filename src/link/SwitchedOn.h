@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace tintbench::commands {
+namespace tintbench::link {
 
 // Digits of an element's number on the line.
 inline constexpr std::size_t kElementWidth = 2;
@@ -33,4 +33,4 @@ class SwitchedOn {
   std::array<std::set<std::string, std::less<>>, kKinds> elements_;
 };
 
-}  // namespace tintbench::commands
+}  // namespace tintbench::link
