@@ -10,13 +10,13 @@
 #include "base/Clock.h"
 #include "commands/MaintenanceOptions.h"
 #include "commands/StopToken.h"
-#include "link/SwitchedOn.h"
 #include "config/MachineFacts.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
 #include "link/LineView.h"
 #include "link/LinkStatus.h"
 #include "link/SerialPort.h"
+#include "link/SwitchedOn.h"
 #include "link/Transaction.h"
 #include "state/DebugFrame.h"
 #include "state/SensorPanels.h"
@@ -24,7 +24,7 @@
 #include "ui/Controls.h"
 #include "ui/Screen.h"
 
-namespace tintbench::link {
+namespace tintbench::commands {
 
 using link::CommandId;
 
@@ -130,6 +130,8 @@ struct CommWindow : ui::Form, link::LineView {
   void Book(std::string_view command, std::string_view answer);
   // What is switched on outlives each opening of the window, as the machine's state does.
   const link::SwitchedOn& On() const { return on_; }
+  // For another window that drives the same elements.
+  link::SwitchedOn& On() { return on_; }
 
   // The row's name.
   const std::string& Description(CommandId row) const { return Work.Table.Row(row).Description; }
@@ -162,4 +164,4 @@ struct CommWindow : ui::Form, link::LineView {
 // The text between lines of dashes, as the operator is told what to do next.
 std::string Framed(const std::string& text);
 
-}  // namespace tintbench::link
+}  // namespace tintbench::commands

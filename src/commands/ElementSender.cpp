@@ -85,7 +85,8 @@ bool ElementSender::SendElements(CommandId row, const std::string& elements,
   if (!HasWhatItMoves(row)) return true;
   const bool takesElements = window_.Work.Table.Row(row).Command.find(' ') != std::string::npos;
   if (takesElements && elements.empty()) return false;
-  if (row == CommandId::MotorOn && speeds.size() * link::kElementWidth != elements.size() * kSpeedWidth) {
+  if (row == CommandId::MotorOn &&
+      speeds.size() * link::kElementWidth != elements.size() * kSpeedWidth) {
     return false;
   }
   if (IsForEach(row)) return SendEach(row, elements, speeds);

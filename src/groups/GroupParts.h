@@ -60,7 +60,10 @@ class SessionRecord {
   // The window unloads: writes the forced end if a file is open, and closes it.
   virtual void Unload() {}
 
-  virtual std::string Path() const { return {}; }
+  virtual const std::string& Path() const {
+    static const std::string kNone;
+    return kNone;
+  }
   virtual double LimitKb() const { return 0; }
   // Takes a new limit: renews the tool tip and checks the size.
   virtual void SetLimitKb(double /*limit*/) {}

@@ -21,12 +21,13 @@ PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std:
 }
 
 PlainWindows::PlainWindows(ui::Screen& screen, commands::FormComm& formComm,
-                           stats::FormStat& formStat, autotest::FormAuto& formAuto)
+                           stats::FormStat& formStat, autotest::FormAuto& formAuto,
+                           groups::FormGMon& formGMon)
     : formComm_(formComm),
       formStat_(formStat),
       formAuto_(formAuto),
+      formGMon_(formGMon),
       formXmod_(screen, "FormXmod", kTransferTitles[0]),
-      formGMon_(screen, "FormGMon", "GROUP n. "),
       formGHst_(screen, "FormGHst", "Groups Monitoring History") {}
 
 ui::Form& PlainWindows::Transfer(int mode) {
@@ -40,7 +41,7 @@ ui::Form& PlainWindows::Commands(int function) {
 }
 
 ui::Form& PlainWindows::GroupMonitor(const std::string& address) {
-  formGMon_.Caption = "GROUP n. " + address;
+  formGMon_.SetGroupAddress(address);
   return formGMon_;
 }
 

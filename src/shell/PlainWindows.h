@@ -4,6 +4,7 @@
 
 #include "autotest/FormAuto.h"
 #include "commands/FormComm.h"
+#include "groups/FormGMon.h"
 #include "shell/SubWindows.h"
 #include "stats/FormStat.h"
 #include "ui/Controls.h"
@@ -25,7 +26,7 @@ class PlainWindows final : public SubWindows {
  public:
   // The windows that are given must outlive this; the rest are plain ones.
   PlainWindows(ui::Screen& screen, commands::FormComm& formComm, stats::FormStat& formStat,
-               autotest::FormAuto& formAuto);
+               autotest::FormAuto& formAuto, groups::FormGMon& formGMon);
 
   ui::Form& Transfer(int mode) override;
   ui::Form& Statistics() override { return formStat_; }
@@ -39,8 +40,8 @@ class PlainWindows final : public SubWindows {
   commands::FormComm& formComm_;
   stats::FormStat& formStat_;
   autotest::FormAuto& formAuto_;
+  groups::FormGMon& formGMon_;
   PlainWindow formXmod_;
-  PlainWindow formGMon_;
   PlainWindow formGHst_;
 };
 

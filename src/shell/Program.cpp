@@ -33,7 +33,7 @@ Program::Program(const ProgramSetup& setup)
       splash_(setup.Screen, setup.Identity),
       startPanel_(setup.Screen),
       formDbg_(setup.Screen),
-      windows_(setup.Screen, formComm_, formStat_, formAuto_),
+      windows_(setup.Screen, formComm_, formStat_, formAuto_, formGMon_),
       form1_({.Screen = setup.Screen,
               .Identity = setup_.Identity,
               .Owner = *this,
@@ -69,6 +69,16 @@ Program::Program(const ProgramSetup& setup)
                  .Status = status_},
                 statCatalogue_),
       formAuto_({.Screen = setup.Screen, .Commands = transaction_, .Log = log_, .Errors = errors_}),
+      formGMon_(
+          {.Screen = setup.Screen,
+           .Port = setup.Port,
+           .Commands = transaction_,
+           .Table = commands_,
+           .Log = log_,
+           .Facts = facts_,
+           .Selectors = selectors_,
+           .On = formComm_.On()},
+          {.Record = groupRecord_, .Instruments = groupInstruments_, .Readings = groupReadings_}),
       steps_(form1_.LblLinkStep, {&splash_.lblStep, &startPanel_.LblStep}),
       waits_(form1_.LblLinkWait, {&splash_.lblWait, &startPanel_.LblWait}),
       linkUp_({.Port = setup.Port,
@@ -93,6 +103,7 @@ Program::Program(const ProgramSetup& setup)
   setup_.Screen.Register(formComm_);
   setup_.Screen.Register(formStat_);
   setup_.Screen.Register(formAuto_);
+  setup_.Screen.Register(formGMon_);
 }
 
 Program::Result Program::Main() {

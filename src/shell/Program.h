@@ -111,6 +111,10 @@ class Program final : private MainWindowOwner {
   stats::StatCatalogue statCatalogue_;
   stats::FormStat formStat_;
   autotest::FormAuto formAuto_;
+  groups::SessionRecord groupRecord_;
+  groups::InstrumentPanel groupInstruments_;
+  groups::ReadingsLog groupReadings_;
+  groups::FormGMon formGMon_;
   LabelMirror steps_;
   LabelMirror waits_;
   link::LinkUp linkUp_;
