@@ -38,7 +38,7 @@ void Bind(ui::RichTextBox& control, QPlainTextEdit& widget);
 Binding& Bind(ui::Button& control, QPushButton& widget);
 void Bind(ui::CheckBox& control, QCheckBox& widget);
 Binding& Bind(ui::OptionButton& control, QRadioButton& widget);
-void Bind(ui::ListBox& control, RowList& widget);
+Binding& Bind(ui::ListBox& control, RowList& widget);
 void Bind(ui::ComboBox& control, QComboBox& widget);
 void Bind(ui::TabStrip& control, QTabBar& widget);
 void Bind(ui::Frame& control, QGroupBox& widget);

@@ -10,7 +10,7 @@
 
 namespace tintbench::desktop {
 
-void Bind(ui::ListBox& control, RowList& widget) {
+Binding& Bind(ui::ListBox& control, RowList& widget) {
   auto* const binding = new Binding(control, widget);
   binding->WatchMouseOn(*widget.viewport());
   auto* const rows = new RowModel(control, &control, *binding);
@@ -18,6 +18,7 @@ void Bind(ui::ListBox& control, RowList& widget) {
   binding->Follow({&control.Rows, &control.CheckMarks}, [rows] { rows->RowsChanged(); });
   binding->Follow({&control.ListIndex, &control.Rows}, [&] { widget.ShowRow(control.ListIndex); });
   widget.RowPressed = [&, binding](int row) { binding->Hand([&] { control.PressRow(row); }); };
+  return *binding;
 }
 
 void Bind(ui::ComboBox& control, QComboBox& widget) {

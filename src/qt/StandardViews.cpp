@@ -4,6 +4,7 @@
 #include "qt/FormAutoView.h"
 #include "qt/FormCommView.h"
 #include "qt/FormDbgView.h"
+#include "qt/FormStatView.h"
 #include "qt/PlainView.h"
 #include "qt/SplashView.h"
 
@@ -14,6 +15,7 @@ void AddStandardViews(DesktopScreen& screen) {
   screen.AddView(MakeFormAutoView);
   screen.AddView(MakeFormCommView);
   screen.AddView(MakeFormDbgView);
+  screen.AddView(MakeFormStatView);
   screen.AddView(MakePlainView);
   screen.AddView(MakeSplashView);
   screen.AddView(MakeStartPanelView);
