@@ -17,7 +17,8 @@ enum class Task {
   Restart,  // with the configuration that was received
   SendConfiguration,
   ReceiveConfiguration,
-  LoadProgram,        // one file after another, in the loader
+  LoadProgram,        // part after part, in the loader
+  EndProgram,         // which is written to flash memory
   TakeMasterService,  // the master line may give commands
   ReturnMasterService,
 };

@@ -39,11 +39,6 @@ std::string Unquoted(std::string_view text) {
   return std::string(text);
 }
 
-std::string_view WithoutPadding(std::string_view text) {
-  while (!text.empty() && text.back() == '\x1A') text.remove_suffix(1);
-  return text;
-}
-
 }  // namespace
 
 Configuration Configuration::Read(std::string_view text, int slave) {

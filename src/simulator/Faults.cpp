@@ -40,6 +40,8 @@ constexpr std::array kKinds = {
     FaultKind{Fault::DoubleAck, "double-ack", Block, 2, false, "acknowledges one block two times"},
     FaultKind{Fault::LoseEot, "lose-eot", Times, 1, false, "loses the end of a transfer"},
     FaultKind{Fault::NakEot, "nak-eot", Times, 1, false, "answers the end of a transfer with NAK"},
+    FaultKind{Fault::NoStart, "no-start", None, 0, false,
+              "asks for no block, or sends none, when a transfer begins"},
     FaultKind{Fault::NoEnd, "no-end", None, 0, false, "gives no K behind a transfer"},
     FaultKind{Fault::CorruptConfig, "corrupt-config", None, 0, false,
               "sends a configuration that must be refused"},
@@ -82,6 +84,15 @@ std::size_t ReadPlace(const FaultKind& kind, std::string_view word) {
   return place && *place >= 1 && *place <= kFarthest ? static_cast<std::size_t>(*place) : 0;
 }
 
+// "part=2" as 2; 0 if the word is no part, or the fault none of a transfer.
+std::size_t ReadPart(const FaultKind& kind, std::string_view word) {
+  constexpr std::string_view kPart = "part=";
+  constexpr double kMostParts = 999;
+  if (!word.starts_with(kPart) || kind.Id < Fault::Cancel || kind.Id > Fault::NoStart) return 0;
+  const std::optional<double> part = WholeNumber(word.substr(kPart.size()));
+  return part && *part >= 1 && *part <= kMostParts ? static_cast<std::size_t>(*part) : 0;
+}
+
 }  // namespace
 
 std::span<const FaultKind> FaultKinds() { return kKinds; }
@@ -104,7 +115,8 @@ std::string FaultSet::Set(const std::vector<std::string>& words) {
     }
   }
   std::erase_if(active_, [&](const Active& other) {
-    const bool replaced = active.Place == 0 && other.Command == active.Command;
+    const bool replaced =
+        active.Place == 0 && other.Command == active.Command && other.Part == active.Part;
     return other.Id == active.Id && (off || replaced);
   });
   if (!off) active_.push_back(std::move(active));
@@ -120,14 +132,21 @@ bool FaultSet::TakeWord(const FaultKind& kind, const std::string& word, Active& 
     active.Place = bytes_ + place;
     return true;
   }
+  if (const std::size_t part = ReadPart(kind, word)) {
+    active.Part = part;
+    return true;
+  }
   const std::optional<double> value = ReadValue(kind, word);
   active.Value = value.value_or(active.Value);
   return value.has_value();
 }
 
-std::optional<double> FaultSet::Value(Fault fault) const {
+std::optional<double> FaultSet::Value(Fault fault, std::size_t part) const {
   for (const Active& active : active_) {
-    if (active.Id == fault && active.Command.empty() && active.Place == 0) return active.Value;
+    const bool here = active.Part == 0 || active.Part == part;
+    if (active.Id == fault && active.Command.empty() && active.Place == 0 && here) {
+      return active.Value;
+    }
   }
   return std::nullopt;
 }

@@ -37,6 +37,7 @@ enum class Fault {
   DoubleAck,
   LoseEot,
   NakEot,
+  NoStart,
   NoEnd,
   CorruptConfig,
   // of the line
@@ -91,14 +92,16 @@ std::span<const FaultKind> FaultKinds();
 class FaultSet {
  public:
   // Takes the words behind "fault": "none", or a name with its value or place and, in any order, a
-  // command such as "#jf*" to which it is restricted, or "off". A fault has one value for each
-  // command, and any number of places. Gives an error in plain words, empty if all went well.
+  // command such as "#jf*" or a part of a program such as "part=2" to which it is restricted, or
+  // "off". A fault has one value for each command and part, and any number of places. Gives an
+  // error in plain words, empty if all went well.
   std::string Set(const std::vector<std::string>& words);
 
   void Clear() { active_.clear(); }
 
-  // The value of a fault that is on for every command and everywhere, nothing if it isn't on.
-  std::optional<double> Value(Fault fault) const;
+  // The value of a fault that is on for every command and everywhere, or in this part of a program
+  // (from 1); nothing if it isn't on.
+  std::optional<double> Value(Fault fault, std::size_t part = 0) const;
 
   // True if any fault is on; without one no byte needs to be looked at.
   bool Any() const { return !active_.empty(); }
@@ -123,6 +126,7 @@ class FaultSet {
     std::string Command;  // folded, without its marks; empty for all
     double Value;
     std::size_t Place = 0;  // the count of bytes at which it strikes; 0 if it has no place
+    std::size_t Part = 0;   // of a program, from 1; 0 for every transfer
   };
 
   bool TakeWord(const FaultKind& kind, const std::string& word, Active& active) const;

@@ -115,6 +115,7 @@ void Machine::Hear(unsigned char byte) {
     transfer_->Receive(byte, now_);
     return AfterTransfer();
   }
+  if (!RunsProgram()) return;
   if (const std::optional<Frame> frame = reader_.Receive(byte, now_)) Obey(*frame);
 }
 

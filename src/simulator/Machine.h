@@ -16,6 +16,7 @@
 #include "simulator/Commands.h"
 #include "simulator/Faults.h"
 #include "simulator/Line.h"
+#include "simulator/Loader.h"
 #include "simulator/Plant.h"
 #include "simulator/SampleConfiguration.h"
 #include "simulator/Xmodem.h"
@@ -68,8 +69,12 @@ class Machine {
   // The text of the configuration that the machine runs.
   const std::string& ConfigurationText() const { return plant_.Config.Text(); }
 
-  // What the program loader has received since the last reset into it.
-  const std::string& LoadedProgram() const { return program_; }
+  // What the program loader has received since the last reset into it, as it came but for the
+  // padding.
+  const Loader& TheLoader() const { return loader_; }
+
+  // What the display on the card shows; empty without power.
+  std::string Display();
 
   // Tells the machine to do something by name, such as "can on" or "fault late 3". Gives an empty
   // text, or one line of what is wrong.
@@ -119,9 +124,12 @@ class Machine {
   void AfterTransfer();
   void EndReception(const std::string& text);
   void EndLoading(const std::string& part);
-  TransferFaults FaultsOfTransfer() const;
+  void EndProgram();
+  TransferFaults FaultsOfTransfer(Task task) const;
   std::string ConfigurationToSend() const;
   void Restart(double seconds);
+  bool RunsProgram() const { return !loading_ && !plant_.Firmware.empty(); }
+  std::string Shown() const;
   // A restart from outside: what was being sent breaks off.
   void BreakOff(double seconds);
   void Expect(Fault what, double when);
@@ -144,6 +152,7 @@ class Machine {
   bool UnplugLine(const Words& words);
   bool PlugLine(const Words& words);
   bool PressReset(const Words& words);
+  bool PressButton(const Words& words);
   bool SwitchPower(const Words& words);
   bool SetFirmware(const Words& words);
   bool SetXmodem(const Words& words);
@@ -171,9 +180,14 @@ class Machine {
   std::deque<Pending> pending_;    // by time
   std::unique_ptr<Transfer> transfer_;
   Task transferTask_ = Task::None;
-  std::string program_;
+  Loader loader_;
+  std::string flashed_;                    // the version that is being written
+  bool loading_ = false;                   // the loader is at work in place of the program
   std::optional<Configuration> received_;  // what the next restart takes into use
-  double readyAt_;                         // deaf until then
+  bool groupsKnow_ = true;                 // what the machine runs, so that they come up fast
+  double groupsFrom_ = 0.0;                // when the first group begins to come up
+  double secondsPerGroup_ = 0.0;
+  double readyAt_;  // deaf until then
 };
 
 }  // namespace tintbench::simulator

@@ -22,6 +22,11 @@ constexpr std::string_view kMasterAnswer =
     "01C10043000"
     "\x03";
 
+constexpr std::string_view kMasterRefusal =
+    "\x01"
+    "01C00042000"
+    "\x03";
+
 // The check field of a master frame: an exclusive or over all characters but the field itself,
 // each half of the result as one character from "0" up.
 std::string MasterCheck(std::string_view text) {
@@ -33,6 +38,10 @@ std::string MasterCheck(std::string_view text) {
 bool IsStartOfService(std::string_view text) {
   const std::string checked = std::string(kMasterFunction) + std::string(kMasterData);
   return text == std::string(kMasterFunction) + MasterCheck(checked) + std::string(kMasterData);
+}
+
+Reply RefusalOf(const Frame& frame) {
+  return frame.IsMaster ? Reply{std::string(kMasterRefusal)} : Refused();
 }
 
 Reply AnswerTo(Plant& plant, const Frame& frame, const CommandRow* row, double now) {
@@ -77,7 +86,7 @@ void Machine::Obey(const Frame& frame) {
       frame.IsMaster ? kMasterFunction : (row != nullptr ? row->Mnemonic : frame.Text);
   if (faults_.Strike(Fault::Silent, name, frame.Text)) return;
   Reply reply = faults_.Strike(Fault::Refuse, name, frame.Text)
-                    ? Refused()
+                    ? RefusalOf(frame)
                     : AnswerTo(plant_, frame, row, now_);
   Disturb(reply, name, frame.Text);
 }

@@ -33,6 +33,10 @@ std::string Machine::Check(const Words& words) const {
   if (words.size() < 2) return "usage: check WHAT STATE...";
   const std::span<const std::string> wished = std::span(words).subspan(1);
   if (words.front() == "heard") return CheckHeard(wished);
+  if (words.front() == "display") {
+    const std::string shown = Shown().empty() ? "none" : Shown();
+    return shown == Join(wished, " ") ? "" : "check display: " + shown;
+  }
   const std::optional<std::string> state = StateOf(plant_, words.front(), now_);
   if (!state) return "check: nothing has the name " + words.front();
   return *state == Join(wished, " ") ? "" : "check " + words.front() + ": " + *state;

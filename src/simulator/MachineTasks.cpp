@@ -2,6 +2,7 @@
 #include <limits>
 #include <utility>
 
+#include "base/Numbers.h"
 #include "simulator/Machine.h"
 
 namespace tintbench::simulator {
@@ -9,19 +10,27 @@ namespace tintbench::simulator {
 namespace {
 
 constexpr double kRestartSeconds = 0.4;   // with a new configuration
+constexpr double kLoaderSeconds = 2.0;    // until the loader stands ready
 constexpr double kSecondsPerGroup = 2.0;  // for each external group to come up
-constexpr int kUsualLimit = 10;           // for all of them, in seconds
-constexpr double kShareOfLimit = 0.5;     // sound groups take no more of it
-constexpr double kWriteSeconds = 0.5;     // to store a received configuration
+constexpr double kSecondsToTeach = 9.0;   // the same, for one that is told what has changed
+constexpr int kMostGroups = 32;
+constexpr int kUsualLimit = 10;        // for all of them, in seconds
+constexpr double kShareOfLimit = 0.5;  // sound groups take no more of it
+constexpr double kWriteSeconds = 0.5;  // to store a received configuration
 
 constexpr int kEndless = std::numeric_limits<int>::max();
-constexpr std::size_t kLongestProgram = std::size_t{8} << 20;
 
-// The time in which the external groups come up, well within the limit of the configuration.
-double GroupSeconds(const Configuration& configuration) {
-  const int groups = std::max(configuration.Number("@GEN", 8, 0), 0);
+int CountGroups(const Configuration& configuration) {
+  return std::clamp(configuration.Number("@GEN", 8, 0), 0, kMostGroups);
+}
+
+// The time in which one external group comes up: all of them do well within the limit of the
+// configuration, unless they must be told a new one.
+double SecondsPerGroup(const Configuration& configuration, bool known) {
+  if (!known) return kSecondsToTeach;
   const int limit = std::max(configuration.Number("@IND", 3, kUsualLimit), 1);
-  return std::min(groups * kSecondsPerGroup, limit * kShareOfLimit);
+  return std::min(kSecondsPerGroup,
+                  limit * kShareOfLimit / std::max(CountGroups(configuration), 1));
 }
 
 std::size_t Place(std::optional<double> block) {
@@ -36,21 +45,26 @@ void Machine::Begin(Task task) {
       return;
     case Task::Reset:
       Restart(kResetSeconds);
-      return Schedule(readyAt_, "K", Task::None);
+      if (!loading_) Schedule(readyAt_, "K", Task::None);
+      return;
     case Task::Restart:
       if (received_) plant_.Config = *std::exchange(received_, std::nullopt);
+      groupsKnow_ = false;
       return Restart(kRestartSeconds);
     case Task::SendConfiguration:
       return BeginTransfer(std::make_unique<XmodemSender>(ConfigurationToSend(), options_.BlockSize,
-                                                          FaultsOfTransfer(), now_),
+                                                          FaultsOfTransfer(task), now_),
                            task);
     case Task::ReceiveConfiguration:
       return BeginTransfer(
-          std::make_unique<XmodemReceiver>(options_.AsksForCrc, FaultsOfTransfer(), now_), task);
-    case Task::LoadProgram:
-      return BeginTransfer(
-          std::make_unique<XmodemReceiver>(options_.AsksForCrc, FaultsOfTransfer(), now_, kEndless),
+          std::make_unique<XmodemReceiver>(options_.AsksForCrc, FaultsOfTransfer(task), now_),
           task);
+    case Task::LoadProgram:
+      return BeginTransfer(std::make_unique<XmodemReceiver>(options_.AsksForCrc,
+                                                            FaultsOfTransfer(task), now_, kEndless),
+                           task);
+    case Task::EndProgram:
+      return EndProgram();
     case Task::TakeMasterService:
       masterService_ = true;
       return;
@@ -68,11 +82,15 @@ void Machine::Restart(double seconds) {
   Forget(Fault::Babble);
   plant_.Settle(now_);
   plant_.Reset(now_);
-  readyAt_ = now_ + seconds + GroupSeconds(plant_.Config);
-  if (plant_.DipSwitches[Plant::kLoader]) {
-    program_.clear();
-    Schedule(readyAt_, "", Task::LoadProgram);
+  loading_ = plant_.DipSwitches[Plant::kLoader];
+  if (loading_) {
+    loader_.Begin();
+    readyAt_ = now_ + std::max(seconds, kLoaderSeconds);
+    return Schedule(readyAt_, "", Task::LoadProgram);
   }
+  groupsFrom_ = now_ + seconds;
+  secondsPerGroup_ = SecondsPerGroup(plant_.Config, std::exchange(groupsKnow_, true));
+  readyAt_ = groupsFrom_ + CountGroups(plant_.Config) * secondsPerGroup_;
 }
 
 void Machine::BreakOff(double seconds) {
@@ -113,18 +131,41 @@ void Machine::EndReception(const std::string& text) {
            good ? Task::Restart : Task::None);
 }
 
-// A program comes in parts; the line "@PDD" closes the last one.
+// Behind the last part nothing more is asked for. A program that isn't written to its end is none.
 void Machine::EndLoading(const std::string& part) {
-  const bool room = program_.size() + part.size() <= kLongestProgram;
-  if (room) program_ += part;
-  const bool isLast = part.starts_with("@PDD ") || part.find("\n@PDD ") != std::string::npos;
-  if (!isLast) Begin(Task::LoadProgram);
+  loader_.Take(part);
+  if (loader_.Now() != Loader::Stage::Writing) return Begin(Task::LoadProgram);
+  flashed_ = loader_.Version().empty() ? plant_.Firmware : loader_.Version();
+  plant_.Firmware.clear();
+  Schedule(now_ + loader_.WriteSeconds(), "", Task::EndProgram);
 }
 
-TransferFaults Machine::FaultsOfTransfer() const {
-  const auto place = [this](Fault fault) { return Place(faults_.Value(fault)); };
-  const auto times = [this](Fault fault) {
-    const std::optional<double> value = faults_.Value(fault);
+void Machine::EndProgram() {
+  loader_.End();
+  plant_.Firmware = flashed_;
+  groupsKnow_ = false;
+}
+
+std::string Machine::Display() {
+  Live();
+  return Shown();
+}
+
+std::string Machine::Shown() const {
+  if (readyAt_ == kNever) return {};
+  if (loading_) return now_ < readyAt_ ? "BOOT" : loader_.Display(options_.Slave);
+  if (plant_.Firmware.empty()) return "NO PROGRAM";
+  if (now_ >= readyAt_) return "READY";
+  if (now_ < groupsFrom_ || secondsPerGroup_ <= 0) return "BOOT";
+  const int up = static_cast<int>((now_ - groupsFrom_) / secondsPerGroup_);
+  return "GROUP " + base::LastDigits(up + 1, 2);
+}
+
+TransferFaults Machine::FaultsOfTransfer(Task task) const {
+  const std::size_t part = task == Task::LoadProgram ? loader_.Parts().size() + 1 : 0;
+  const auto place = [&](Fault fault) { return Place(faults_.Value(fault, part)); };
+  const auto times = [&](Fault fault) {
+    const std::optional<double> value = faults_.Value(fault, part);
     return value == 0.0 ? static_cast<std::size_t>(kEndless) : Place(value);
   };
   return {.CancelAt = place(Fault::Cancel),
@@ -139,7 +180,8 @@ TransferFaults Machine::FaultsOfTransfer() const {
           .LoseAckAt = place(Fault::LoseAck),
           .DoubleAckAt = place(Fault::DoubleAck),
           .LostEots = times(Fault::LoseEot),
-          .RefusedEots = times(Fault::NakEot)};
+          .RefusedEots = times(Fault::NakEot),
+          .NoStart = faults_.Value(Fault::NoStart, part).has_value()};
 }
 
 // A line of the tag "@@@@" marks a file that isn't to be used.

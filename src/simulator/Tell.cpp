@@ -24,6 +24,7 @@ constexpr std::array kUsages = {
     Usage{"check valves|stirrings|motors N...|none", "fails unless just these are on"},
     Usage{"check caps N...|none", "fails unless all others are closed"},
     Usage{"check shelf low|between|high|rising|sinking", "fails unless it is so"},
+    Usage{"check display TEXT...|none", "fails unless the display shows just this"},
     Usage{"check heard #COMMAND*...|none", "fails unless these came last, in this order"},
     Usage{"fault NAME [VALUE] [#COMMAND*] | NAME off", "see below"},
     Usage{"fault none", "switches all faults off"},
@@ -78,8 +79,10 @@ std::span<const Machine::Word> Machine::MachineWords() {
       Word{"unplug", "unplug", "takes the line off", &Machine::UnplugLine},
       Word{"plug", "plug", "puts the line back", &Machine::PlugLine},
       Word{"reset", "reset", "presses the RESET button", &Machine::PressReset},
+      Word{"button", "button reset", "does the same", &Machine::PressButton},
       Word{"power", "power on|off", "switches the machine", &Machine::SwitchPower},
-      Word{"firmware", "firmware TEXT", "changes the version", &Machine::SetFirmware},
+      Word{"firmware", "firmware TEXT|none",
+           "changes the version, or takes the program out of flash memory", &Machine::SetFirmware},
       Word{"xmodem", "xmodem crc|checksum|128|1024", "check as receiver, block size as sender",
            &Machine::SetXmodem},
       Word{"forget", "forget", "forgets which commands were heard", &Machine::ForgetHeard},
@@ -130,8 +133,9 @@ std::string Machine::TellHelp() {
   for (const Usage& usage : kUsages) help += Column(usage.Words, kUsageWidth) + usage.Help + "\n";
   help += "\n";
   help +=
-      "Faults (those marked * can be restricted to one command, as in refuse #cr*; @N is the\n"
-      "N-th byte on the line from then on, whichever way it goes):\n";
+      "Faults (those marked * can be restricted to one command, as in refuse #cr*, and those of a\n"
+      "transfer to one part of a program, as in cancel 3 part=2; @N is the N-th byte on the line\n"
+      "from then on, whichever way it goes):\n";
   for (const FaultKind& kind : FaultKinds()) {
     help += Column(std::string(kind.Name) + (kind.PerCommand ? " *" : ""), kNameWidth) +
             Column(ValueName(kind.Value), 14) + Column(Usual(kind), 7) + std::string(kind.Help) +
@@ -146,6 +150,8 @@ bool Machine::PressReset(const Words& words) {
   return true;
 }
 
+bool Machine::PressButton(const Words& words) { return words == Words{"reset"} && PressReset({}); }
+
 bool Machine::SwitchPower(const Words& words) {
   if (words == Words{"on"}) {
     Restart(kResetSeconds);
@@ -159,7 +165,7 @@ bool Machine::SwitchPower(const Words& words) {
 
 bool Machine::SetFirmware(const Words& words) {
   if (words.size() != 1) return false;
-  plant_.Firmware = words[0];
+  plant_.Firmware = words[0] == "none" ? "" : words[0];
   return true;
 }
 

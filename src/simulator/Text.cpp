@@ -18,6 +18,11 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+std::string_view WithoutPadding(std::string_view text) {
+  while (!text.empty() && text.back() == '\x1A') text.remove_suffix(1);
+  return text;
+}
+
 std::vector<std::string> Words(std::string_view text) {
   std::vector<std::string> words;
   for (std::string& piece : Split(text, ' ')) {

@@ -13,6 +13,9 @@ namespace tintbench::simulator {
 // Without blanks, line ends and the padding of a transfer at both ends.
 std::string_view Trim(std::string_view text);
 
+// Without the padding that a transfer leaves behind a text.
+std::string_view WithoutPadding(std::string_view text);
+
 // The pieces between blanks, none of them empty.
 std::vector<std::string> Words(std::string_view text);
 

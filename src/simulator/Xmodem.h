@@ -32,6 +32,7 @@ struct TransferFaults {
   std::size_t DoubleAckAt = 0;
   std::size_t LostEots = 0;  // so many ends of file are neither sent nor heard
   std::size_t RefusedEots = 0;
+  bool NoStart = false;  // asks for no block, or sends none
 };
 
 // True if the fault lies on this block; it is over then.

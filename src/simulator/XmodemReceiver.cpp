@@ -10,7 +10,8 @@ namespace {
 constexpr double kFirstRequestSeconds = 0.5;  // leaves the sender time to get ready
 constexpr double kRequestSeconds = 3.0;
 constexpr double kByteSeconds = 1.0;
-constexpr double kQuietSeconds = 0.2;  // a line quiet for so long holds nothing of a bad block
+constexpr double kQuietSeconds = 0.2;      // a line quiet for so long holds nothing of a bad block
+constexpr double kStalledSeconds = 120.0;  // silent for longer than anyone waits
 constexpr int kCrcRequests = 3;
 constexpr std::size_t kNumbers = 2;  // block number and its complement
 
@@ -19,6 +20,9 @@ constexpr std::size_t kNumbers = 2;  // block number and its complement
 XmodemReceiver::XmodemReceiver(bool crc, const TransferFaults& faults, double now, int mostRequests)
     : crc_(crc), faults_(faults), mostRequests_(mostRequests) {
   deadline_ = now + kFirstRequestSeconds;
+  if (!faults_.NoStart) return;
+  state_ = State::Stalled;
+  deadline_ = now + kStalledSeconds;
 }
 
 void XmodemReceiver::Receive(unsigned char byte, double now) {
@@ -35,6 +39,7 @@ void XmodemReceiver::Receive(unsigned char byte, double now) {
       deadline_ = now + kQuietSeconds;
       return;
     case State::Stalled:
+      if (IsSecondCancel(byte)) Finish(TransferEnd::Failed);
       return;
   }
 }

@@ -20,6 +20,7 @@ XmodemSender::XmodemSender(std::string text, std::size_t blockSize, const Transf
                            double now)
     : text_(std::move(text)), blockSize_(blockSize), faults_(faults) {
   deadline_ = now + kStartSeconds;
+  if (faults_.NoStart) state_ = State::Stalled;
 }
 
 std::size_t XmodemSender::BlockCount() const {
@@ -27,8 +28,9 @@ std::size_t XmodemSender::BlockCount() const {
 }
 
 void XmodemSender::Receive(unsigned char byte, double now) {
-  if (End() != TransferEnd::Running || state_ == State::Stalled) return;
+  if (End() != TransferEnd::Running) return;
   if (IsSecondCancel(byte)) return Finish(TransferEnd::Failed);
+  if (state_ == State::Stalled) return;
   const char reply = static_cast<char>(byte);
   if (state_ == State::Start) {
     if (reply != kNak && reply != kCrcRequest) return;

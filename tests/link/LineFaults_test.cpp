@@ -101,6 +101,7 @@ const std::vector<FaultCase> kCases{
     {"lose-eot 1", kLinked, kAnswered, kReceived, {0, New, kSound + 1}},
     {"lose-eot 0", Unread(9 + kCancel), kAnswered, {4, Old, 9 + kCancel}, {12, Old, kSound + 22}},
     {"nak-eot 1", kLinked, kAnswered, kReceived, {0, New, kSound + 1}},
+    {"no-start", Unread(10), kAnswered, {10, Old, 10}, {9, Old, kCancel}},
     {"no-end", {link::kMachineHeard, {kUnread}, New, kCommands + 5}, kAnswered, kReceived, kSent},
     {"corrupt-config",
      {link::kConfigReceived, {kWrong}, Corrupt, kCommands + 5},

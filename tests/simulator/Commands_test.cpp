@@ -244,6 +244,11 @@ TEST(CommandsTest, TheServiceLineTakesTheStartOfServiceToo) {
             "01C10043000\x03");
   EXPECT_EQ(desk.Ask("#py*"), "A");
   EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
+  desk.Tell("fault refuse #01sm*");
+  EXPECT_EQ(desk.Ask("\x01"
+                     "01SM002?000\x03"),
+            "\x01"
+            "01C00042000\x03");
 }
 
 }  // namespace

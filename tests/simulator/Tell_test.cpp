@@ -68,7 +68,11 @@ TEST(TellTest, WrongWordsAreToldInOneLineAndChangeNothing) {
                             "firmware",
                             "xmodem 256",
                             "unplug now",
-                            "reset now"}) {
+                            "reset now",
+                            "button",
+                            "button power",
+                            "fault silent part=2",
+                            "fault cancel part=0"}) {
     const std::string error = desk.Tell(words);
     EXPECT_NE(error, "") << words;
     EXPECT_EQ(error.find('\n'), std::string::npos) << words;
@@ -181,22 +185,6 @@ TEST(TellTest, PowerAndTheResetButton) {
   desk.Tell("reset");
   EXPECT_EQ(desk.Listen(10.0), "");
   EXPECT_EQ(desk.Ask("#jf*"), "A V 31 ");
-}
-
-TEST(TellTest, TheLoaderTakesOneFileAfterAnotherUntilTheLast) {
-  Desk desk;
-  desk.Tell("dip 4 on");
-  desk.Tell("reset");
-  EXPECT_EQ(desk.Ask("#jf*"), "") << "the program doesn't run";
-  EXPECT_TRUE(PeerSend(desk, "@IPS 1\r\nfirst\r\n", 1024));
-  EXPECT_TRUE(PeerSend(desk, "second\r\n@EPS 1\r\n@PDD 1\r\n"));
-  EXPECT_EQ(desk.Listen(10.0), "");
-  EXPECT_NE(desk.TheMachine.LoadedProgram().find("first"), std::string::npos);
-  EXPECT_NE(desk.TheMachine.LoadedProgram().find("second"), std::string::npos);
-  desk.Tell("dip 4 off");
-  desk.Tell("reset");
-  desk.Clock.Sleep(10.0);
-  EXPECT_EQ(desk.Ask("#jf*"), "A V 5.2");
 }
 
 TEST(TellTest, RubbishInFrontOfACommandIsSkippedAndAHalfCommandTimesOut) {

@@ -135,7 +135,7 @@ TEST(WordsTest, WhatTheNewConfigurationDoesNotKnowIsOffToo) {
   desk.Ask("#f12300*", 0.1);
   desk.Ask("#ct*", 0.1);
   PeerSend(desk, "@GEN 1 24,12,16,0,3,1,1,3,7,\"SMALL\",1500\r\n");
-  desk.Listen(20.0);
+  desk.Listen(40.0);
   for (const char* what : {"valves", "stirrings", "motors"}) {
     EXPECT_EQ(desk.Tell(std::string("check ") + what + " none"), "");
   }
