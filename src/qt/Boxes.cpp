@@ -65,11 +65,28 @@ QMessageBox::Icon IconOf(ui::BoxIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+constexpr const char* kKeptInSight = "keptInSight";
+
+// Leaves what is to be kept in sight to be seen, as far as the window has room.
+void StandBeside(QDialog& box, QWidget* window) {
+  if (window == nullptr) return;
+  for (const QWidget* kept : window->findChildren<QWidget*>()) {
+    if (!kept->isVisible() || !kept->property(kKeptInSight).toBool()) continue;
+    box.adjustSize();
+    const int gap = window->fontMetrics().height();
+    const int left = kept->mapToGlobal(QPoint()).x() - box.width() - gap;
+    const QPoint corner = window->mapToGlobal(QPoint());
+    box.move(std::max(corner.x(), left), corner.y() + (window->height() - box.height()) / 2);
+  }
+}
+
 QString TitleOf(const std::string& own, const std::string& title) {
   return ToQt(own.empty() ? title : own);
 }
 
 }  // namespace
+
+void KeepInSight(QWidget& widget) { widget.setProperty(kKeptInSight, true); }
 
 ui::Answer AskBox(const ui::Box& box, const std::string& title, QWidget* parent) {
   QMessageBox shown(parent);
@@ -84,6 +101,7 @@ ui::Answer AskBox(const ui::Box& box, const std::string& title, QWidget* parent)
     if (QAbstractButton* widget = shown.button(button.Button)) widget->setText(button.Caption);
   }
   shown.setEscapeButton(EscapeOf(box.Buttons));
+  StandBeside(shown, parent);
   const int pressed = shown.exec();
   for (const BoxButton& button : kButtons) {
     if (button.Button == pressed) return button.Answer;

@@ -15,6 +15,9 @@ namespace tintbench::desktop {
 // The close button and Esc answer Cancel, or No, or OK, whichever the box has.
 ui::Answer AskBox(const ui::Box& box, const std::string& title, QWidget* parent);
 
+// From now on message boxes stand beside the widget, at its left, as long as it is seen.
+void KeepInSight(QWidget& widget);
+
 // Empty if the operator gave the question up.
 std::optional<std::string> AskQuestion(const ui::Question& question, const std::string& title,
                                        QWidget* parent);

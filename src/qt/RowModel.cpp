@@ -35,7 +35,10 @@ int RowModel::rowCount(const QModelIndex& parent) const {
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
   if (!binding_.Lives()) return {};
-  if (role == Qt::DisplayRole) return ToQt(control_.List(index.row()));
+  if (role == Qt::DisplayRole) {
+    const ui::ListRow& row = control_.Rows->at(static_cast<std::size_t>(index.row()));
+    return ToQt(row.Detail.empty() ? row.Text : row.Text + "   " + row.Detail);
+  }
   if (role == Qt::CheckStateRole && list_ != nullptr && list_->CheckMarks) {
     return list_->Selected(index.row()) ? Qt::Checked : Qt::Unchecked;
   }

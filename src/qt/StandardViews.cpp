@@ -5,6 +5,7 @@
 #include "qt/FormCommView.h"
 #include "qt/FormDbgView.h"
 #include "qt/FormStatView.h"
+#include "qt/FormXmodView.h"
 #include "qt/PlainView.h"
 #include "qt/SplashView.h"
 
@@ -16,6 +17,7 @@ void AddStandardViews(DesktopScreen& screen) {
   screen.AddView(MakeFormCommView);
   screen.AddView(MakeFormDbgView);
   screen.AddView(MakeFormStatView);
+  screen.AddView(MakeFormXmodView);
   screen.AddView(MakePlainView);
   screen.AddView(MakeSplashView);
   screen.AddView(MakeStartPanelView);
