@@ -26,6 +26,8 @@ class AppPaths {
   // The folder of the machine's counts, with those that were received last.
   std::string StatFolder() const { return JoinPath(appPath_, "STAT"); }
   std::string LastDataFile() const { return JoinPath(StatFolder(), "LASTSTAT.DAT"); }
+  // The folder of the recordings of groups.
+  std::string RecordingFolder() const { return JoinPath(appPath_, "MGROUPS"); }
   std::string DebugLog() const { return JoinPath(appPath_, "ksvdebug.txt"); }
 
  private:

@@ -79,6 +79,10 @@ class FileSystem {
   // has it is an error.
   virtual FileResult Rename(const std::string& from, const std::string& to) = 0;
 
+  // Cuts off what a file holds behind its first `length` bytes. A file that doesn't exist is an
+  // error.
+  virtual FileResult Shorten(const std::string& path, std::uint64_t length) = 0;
+
   // Null if there is no regular file of that name or it can't be opened.
   virtual std::unique_ptr<InputFile> OpenToRead(const std::string& path) = 0;
   // Null if the file can't be opened; `result` then has the reason.
@@ -107,6 +111,7 @@ class StandardFileSystem : public FileSystem {
   FileResult MakeDir(const std::string& path) override;
   FileResult Delete(const std::string& path) override;
   FileResult Rename(const std::string& from, const std::string& to) override;
+  FileResult Shorten(const std::string& path, std::uint64_t length) override;
   std::unique_ptr<InputFile> OpenToRead(const std::string& path) override;
   std::unique_ptr<OutputFile> OpenToWrite(const std::string& path, WriteMode mode,
                                           FileResult& result) override;

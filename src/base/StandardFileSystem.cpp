@@ -127,6 +127,14 @@ FileResult StandardFileSystem::Rename(const std::string& from, const std::string
   return FromCode(code);
 }
 
+FileResult StandardFileSystem::Shorten(const std::string& path, std::uint64_t length) {
+  const std::optional<std::uint64_t> present = Length(path);
+  if (!present) return FromCode(std::make_error_code(std::errc::no_such_file_or_directory));
+  std::error_code code;
+  if (*present > length) fs::resize_file(path, length, code);
+  return FromCode(code);
+}
+
 std::unique_ptr<InputFile> StandardFileSystem::OpenToRead(const std::string& path) {
   // Opening a named pipe would wait for its writer, and a folder opens but can't be read.
   if (!FileExists(path)) return nullptr;

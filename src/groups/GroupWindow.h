@@ -57,6 +57,7 @@ struct GroupWindow : ui::Form {
   ui::TextBox TxtEnqTime{FrmEnquire, "TxtEnqTime"};
   ui::CheckBox ChkMemo{FrmEnquire, "ChkMemo"};
   ui::Label LblKb{FrmEnquire, "LblKb"};
+  ui::Label LblRecord{FrmEnquire, "LblRecord"};  // why a recording has ended by itself
 
   // 0 the digital inputs, 1 to 4 the analogue inputs by number.
   ui::ControlArray<ui::Frame> FrmInputs{*this, "FrmInputs", kInputFrames};
@@ -81,6 +82,7 @@ struct GroupWindow : ui::Form {
   ui::ControlArray<ui::Label> LblLow{InInput(1), "LblLow", kAnalogueRows};
   ui::ControlArray<ui::Label> LblNHigh{InInput(1), "LblNHigh", kAnalogueRows};
   ui::ControlArray<ui::Label> LblHigh{InInput(1), "LblHigh", kAnalogueRows};
+  ui::ControlArray<ui::Label> LblAlarm{InInput(1), "LblAlarm", kAnalogueRows};  // in words
   ui::ControlArray<ui::PictureBox> PictG{InInput(1), "PictG", kAnalogueRows};
   // Dials of the inputs 1 and 2; bars and their side scales of the inputs 3 and 4.
   ui::ControlArray<ui::PictureBox> PictP{InInput(1), "PictP", kDials};

@@ -76,10 +76,33 @@ void PaintPie(const Canvas& canvas, const ui::Drawing& drawing) {
   }
 }
 
+// In the order of ui::TextPlace.
+constexpr std::array<int, 4> kAlignments{
+    Qt::AlignLeft | Qt::AlignTop, Qt::AlignLeft | Qt::AlignVCenter,
+    Qt::AlignHCenter | Qt::AlignVCenter, Qt::AlignRight | Qt::AlignVCenter};
+
 void PaintText(const Canvas& canvas, const ui::Drawing& drawing) {
-  const QRectF area(canvas.Point(drawing.X1, drawing.Y1), QSizeF(1, 1));
-  canvas.Painter.drawText(area, Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip,
-                          ToQtLines(drawing.Words));
+  const QFont own = canvas.Painter.font();
+  const double height = drawing.TextHeight * std::abs(canvas.Scale.m22());
+  if (height >= 1) {
+    QFont font = own;
+    font.setPixelSize(qRound(height));
+    canvas.Painter.setFont(font);
+  }
+  const QRectF area(canvas.Point(drawing.X1, drawing.Y1), QSizeF(0, 0));
+  canvas.Painter.drawText(
+      area, kAlignments.at(static_cast<std::size_t>(drawing.Place)) | Qt::TextDontClip,
+      ToQtLines(drawing.Words));
+  canvas.Painter.setFont(own);
+}
+
+void PaintPath(const Canvas& canvas, const ui::Drawing& drawing) {
+  QPolygonF points;
+  points.reserve(static_cast<qsizetype>(drawing.Points.size()));
+  for (const ui::PicturePoint& point : drawing.Points) {
+    points.append(canvas.Point(point.X, point.Y));
+  }
+  canvas.Painter.drawPolyline(points);
 }
 
 struct KindDrawer {
@@ -87,12 +110,13 @@ struct KindDrawer {
   Drawer Paint;
 };
 
-constexpr std::array<KindDrawer, 6> kDrawers{{{ui::DrawingKind::Line, PaintLine},
+constexpr std::array<KindDrawer, 7> kDrawers{{{ui::DrawingKind::Line, PaintLine},
                                               {ui::DrawingKind::Box, PaintBox},
                                               {ui::DrawingKind::FilledBox, PaintFilledBox},
                                               {ui::DrawingKind::Circle, PaintCircle},
                                               {ui::DrawingKind::Pie, PaintPie},
-                                              {ui::DrawingKind::Text, PaintText}}};
+                                              {ui::DrawingKind::Text, PaintText},
+                                              {ui::DrawingKind::Path, PaintPath}}};
 
 void PaintDrawing(const Canvas& canvas, const ui::Drawing& drawing) {
   const auto* const drawer =

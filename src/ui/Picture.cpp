@@ -49,8 +49,17 @@ void PictureBox::DrawPie(double x, double y, double radius, double startAngle, d
           .Fill = FillColor});
 }
 
-void PictureBox::DrawText(double x, double y, std::string words) {
-  Append({.Kind = DrawingKind::Text, .X1 = x, .Y1 = y, .Words = std::move(words)});
+void PictureBox::DrawText(double x, double y, std::string words, double height, TextPlace place) {
+  Append({.Kind = DrawingKind::Text,
+          .X1 = x,
+          .Y1 = y,
+          .Words = std::move(words),
+          .Place = place,
+          .TextHeight = height});
+}
+
+void PictureBox::DrawPath(std::vector<PicturePoint> points) {
+  Append({.Kind = DrawingKind::Path, .Points = std::move(points)});
 }
 
 void PictureBox::DrawBox(double x1, double y1, double x2, double y2) {

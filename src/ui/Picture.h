@@ -9,7 +9,16 @@
 
 namespace tintbench::ui {
 
-enum class DrawingKind { Line, Box, FilledBox, Circle, Pie, Text };
+enum class DrawingKind { Line, Box, FilledBox, Circle, Pie, Text, Path };
+
+// What of a text stands at its point. Of the others than UpperLeft the middle of its height does.
+enum class TextPlace { UpperLeft, Left, Centre, Right };
+
+struct PicturePoint {
+  double X = 0;
+  double Y = 0;
+  friend bool operator==(const PicturePoint&, const PicturePoint&) = default;
+};
 
 // One thing drawn. A line or box lies between (X1, Y1) and (X2, Y2). A circle or pie has its
 // centre at (X1, Y1) and `Radius`; a pie is the sector or arc counter-clockwise from
@@ -27,7 +36,10 @@ struct Drawing {
   bool Filled = false;  // with `Fill`; otherwise only the outline
   Colour Line;
   Colour Fill;
-  std::string Words;  // of a text, with its upper left corner at (X1, Y1)
+  std::string Words;  // of a text, placed at (X1, Y1)
+  TextPlace Place = TextPlace::UpperLeft;
+  double TextHeight = 0;             // of a line of it; 0: as large as the view's own letters
+  std::vector<PicturePoint> Points;  // of a path, one line through all of them
   friend bool operator==(const Drawing&, const Drawing&) = default;
 };
 using Drawings = std::vector<Drawing>;
@@ -50,7 +62,9 @@ class PictureBox : public Control, public Container {
   void DrawCircle(double x, double y, double radius);
   // `radii` draws the two lines to the centre as well; only then can the sector be filled.
   void DrawPie(double x, double y, double radius, double startAngle, double endAngle, bool radii);
-  void DrawText(double x, double y, std::string words);
+  void DrawText(double x, double y, std::string words, double height = 0,
+                TextPlace place = TextPlace::UpperLeft);
+  void DrawPath(std::vector<PicturePoint> points);
   void DrawBox(double x1, double y1, double x2, double y2);
   // A box filled with `colour` and no outline of another colour. It takes the place of boxes
   // that it covers wholly, so that a bar redrawn for ever doesn't grow.

@@ -49,6 +49,9 @@ class FailingFileSystem final : public base::StandardFileSystem {
     if (from == ForeignPath) return base::FileResult("Invalid cross-device link");
     return StandardFileSystem::Rename(from, to);
   }
+  base::FileResult Shorten(const std::string& path, std::uint64_t length) override {
+    return Fails() ? Failure() : StandardFileSystem::Shorten(path, length);
+  }
   base::FileResult SyncToDevice(const std::string& path) override {
     return Fails() ? Failure() : StandardFileSystem::SyncToDevice(path);
   }

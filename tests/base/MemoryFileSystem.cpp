@@ -105,6 +105,14 @@ base::FileResult MemoryFileSystem::Rename(const std::string& from, const std::st
   return {};
 }
 
+base::FileResult MemoryFileSystem::Shorten(const std::string& path, std::uint64_t length) {
+  if (Fails()) return NoSpace();
+  if (!FileExists(path)) return NotThere();
+  std::string& content = *files_[path];
+  content.resize(std::min<std::size_t>(content.size(), length));
+  return {};
+}
+
 std::unique_ptr<base::InputFile> MemoryFileSystem::OpenToRead(const std::string& path) {
   const auto file = files_.find(path);
   if (Fails() || file == files_.end()) return nullptr;

@@ -32,6 +32,7 @@ class MemoryFileSystem final : public base::FileSystem {
   base::FileResult MakeDir(const std::string& path) override;
   base::FileResult Delete(const std::string& path) override;
   base::FileResult Rename(const std::string& from, const std::string& to) override;
+  base::FileResult Shorten(const std::string& path, std::uint64_t length) override;
   std::unique_ptr<base::InputFile> OpenToRead(const std::string& path) override;
   std::unique_ptr<base::OutputFile> OpenToWrite(const std::string& path, base::WriteMode mode,
                                                 base::FileResult& result) override;
