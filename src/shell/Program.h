@@ -12,6 +12,8 @@
 #include "config/MachineFacts.h"
 #include "config/ParameterCatalogue.h"
 #include "config/SelectorCatalogue.h"
+#include "groups/Instruments.h"
+#include "groups/Recording.h"
 #include "link/ComPort.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
@@ -111,10 +113,10 @@ class Program final : private MainWindowOwner {
   stats::StatCatalogue statCatalogue_;
   stats::FormStat formStat_;
   autotest::FormAuto formAuto_;
-  groups::SessionRecord groupRecord_;
-  groups::InstrumentPanel groupInstruments_;
   groups::ReadingsLog groupReadings_;
   groups::FormGMon formGMon_;
+  groups::Recording groupRecord_;
+  groups::Instruments groupInstruments_;
   LabelMirror steps_;
   LabelMirror waits_;
   link::LinkUp linkUp_;
