@@ -20,6 +20,8 @@ Binding::Binding(ui::Control& control, QWidget& widget, Dressing dressing)
   widget.installEventFilter(this);
   widget.setObjectName(ToQt(control.FullName()));
   FollowCommon();
+  // What was given the focus before there was a widget to have it.
+  if (control.OwnerForm().ActiveControl() == &control) widget.setFocus(Qt::OtherFocusReason);
 }
 
 Binding::~Binding() {

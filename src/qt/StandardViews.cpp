@@ -2,8 +2,10 @@
 
 #include "qt/Form1View.h"
 #include "qt/FormAutoView.h"
+#include "qt/FormCfgView.h"
 #include "qt/FormCommView.h"
 #include "qt/FormDbgView.h"
+#include "qt/FormEditView.h"
 #include "qt/FormStatView.h"
 #include "qt/FormXmodView.h"
 #include "qt/PlainView.h"
@@ -14,8 +16,10 @@ namespace tintbench::desktop {
 void AddStandardViews(DesktopScreen& screen) {
   screen.AddView(MakeForm1View);
   screen.AddView(MakeFormAutoView);
+  screen.AddView(MakeFormCfgView);
   screen.AddView(MakeFormCommView);
   screen.AddView(MakeFormDbgView);
+  screen.AddView(MakeFormEditView);
   screen.AddView(MakeFormStatView);
   screen.AddView(MakeFormXmodView);
   screen.AddView(MakePlainView);
