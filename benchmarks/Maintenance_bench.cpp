@@ -125,17 +125,8 @@ struct Bench {
   state::StateDecoder Decoder{Names, Errors, [this] { return Status.FirmwareNumber(); }};
   state::PanelStyles Styles;
   ui::Form Main{"Form1"};
-  commands::FormComm Window{{.Screen = Screen,
-                             .Port = Port,
-                             .Commands = Line,
-                             .Table = Table,
-                             .Log = Log,
-                             .Facts = Facts,
-                             .Status = Status,
-                             .Names = Names,
-                             .Decoder = Decoder,
-                             .Styles = Styles,
-                             .MainWindow = Main}};
+  commands::FormComm Window{
+      {{Port, Clock, Table, Line, Log, Status}, {Names, Decoder, Styles}, Screen, Facts, Main}};
 };
 
 void MeasureKey(Bench& bench, int key, const std::string& what,

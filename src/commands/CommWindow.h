@@ -11,16 +11,11 @@
 #include "commands/MaintenanceOptions.h"
 #include "commands/StopToken.h"
 #include "config/MachineFacts.h"
-#include "link/CommandTable.h"
-#include "link/DebugLog.h"
+#include "link/LineParts.h"
 #include "link/LineView.h"
-#include "link/LinkStatus.h"
-#include "link/SerialPort.h"
 #include "link/SwitchedOn.h"
-#include "link/Transaction.h"
 #include "state/DebugFrame.h"
-#include "state/SensorPanels.h"
-#include "state/StateDecoder.h"
+#include "state/PanelParts.h"
 #include "ui/Controls.h"
 #include "ui/Screen.h"
 
@@ -29,21 +24,13 @@ namespace tintbench::commands {
 using link::CommandId;
 
 // What the window and its jobs work with. All of it must outlive the window.
-struct CommParts {
+struct CommParts : link::LineParts, state::PanelParts {
   ui::Screen& Screen;
-  link::SerialPort& Port;
-  link::Transaction& Commands;
-  link::CommandTable& Table;
-  link::DebugLog& Log;
   const config::MachineFacts& Facts;
-  const link::LinkStatus& Status;
-  const state::SensorNames& Names;
-  state::StateDecoder& Decoder;
-  state::PanelStyles& Styles;
   const ui::Form& MainWindow;  // gives its title
 };
 
-enum FormFunction : int { kCommandMenu = 1, kMaintenanceMenu = 2 };
+enum FormFunction { kCommandMenu = 1, kMaintenanceMenu = 2 };
 
 inline constexpr int kCommandGroups = 4;
 inline constexpr const char* kAccepted = "[ command accepted ]";

@@ -14,8 +14,8 @@ namespace tintbench::commands {
 struct FormComm final : CommWindow {
   explicit FormComm(const CommParts& parts);
 
-  void SetFormFunction(int value) { function_ = value; }
-  int GetFormFunction() const { return function_; }
+  void SetFormFunction(FormFunction value) { function_ = value; }
+  FormFunction GetFormFunction() const { return function_; }
 
   void Form_Load() override;
   void Form_KeyDown(ui::KeyEvent& key) override;
@@ -24,7 +24,7 @@ struct FormComm final : CommWindow {
  private:
   void ConnectControls();
 
-  int function_ = kCommandMenu;
+  FormFunction function_ = kCommandMenu;
   ElementSender sender_{*this};
   ShelfAndValves shelf_{*this, sender_};
   PurgeProcess purge_{*this, sender_, shelf_};

@@ -9,22 +9,16 @@
 #include "config/SelectorCatalogue.h"
 #include "groups/GroupParts.h"
 #include "groups/GroupWindow.h"
-#include "link/CommandTable.h"
-#include "link/DebugLog.h"
+#include "link/LineParts.h"
 #include "link/LineView.h"
 #include "link/SwitchedOn.h"
-#include "link/Transaction.h"
 #include "ui/Screen.h"
 
 namespace tintbench::groups {
 
 // All of it must outlive the window.
-struct MonitorParts {
+struct MonitorParts : link::LineParts {
   ui::Screen& Screen;
-  link::SerialPort& Port;
-  link::Transaction& Commands;
-  link::CommandTable& Table;
-  link::DebugLog& Log;
   const config::MachineFacts& Facts;
   const config::SelectorCatalogue& Selectors;
   link::SwitchedOn& On;

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "shell/PlainWindows.h"
+#include "shell/SubWindows.h"
 
 namespace tintbench::desktop {
 

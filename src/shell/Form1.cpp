@@ -13,6 +13,7 @@ constexpr const char* kNormal = "0";
 constexpr const char* kLarge = "1";
 
 constexpr double kRelayPause = 0.4;      // seconds before a panel is laid out anew
+constexpr double kTickTime = 0.8;        // seconds: a tick of the polling has ended by then
 constexpr int kLinkCareInterval = 1000;  // milliseconds
 constexpr int kSensorStyles = 3;
 constexpr int kGraphicStyles = 2;
@@ -93,7 +94,7 @@ void Form1::FirstActivation() {
   poll_.Reset();
   poll_.EventuallyRestartPolling();
   MnuMaint.Enabled = parts_.Status.LinkState != link::kPortClosed;
-  if (parts_.SerialMode == link::kMasterMode) MMnuLoadfirmw.Enabled = false;
+  if (parts_.Link.SerialMode() == link::kMasterMode) MMnuLoadfirmw.Enabled = false;
 }
 
 void Form1::Form_KeyDown(ui::KeyEvent& key) {
@@ -138,7 +139,9 @@ void Form1::Form_QueryUnload(bool& cancel) {
   poll_.EventuallyStopPolling();
   poll_.GiveUp();
   TimerLink.Enabled = false;
-  parts_.Owner.EndMainWindow();
+  parts_.Clock.Sleep(kTickTime);
+  parts_.Link.End();
+  parts_.Log.CloseDebugLog();
 }
 
 void Form1::HideAll() {
@@ -166,7 +169,7 @@ void Form1::CmdResize_Click(int panel) {
   ui::Button& button = CmdResize(panel);
   button.Tag = button.Tag.Get() == kLarge ? kNormal : kLarge;
   poll_.EventuallyStopPolling();
-  parts_.Screen.Time().Sleep(kRelayPause);
+  parts_.Clock.Sleep(kRelayPause);
   ToggleLargePanel(panel);
   if (button.Tag.Get() == kLarge) {
     button.SetFocus();
@@ -212,7 +215,7 @@ void Form1::ShowGraphicStyle(int wanted) {
 
 void Form1::ShowStyle(state::StyleRecord& style, int wanted, std::initializer_list<int> panels) {
   poll_.EventuallyStopPolling();
-  parts_.Screen.Time().Sleep(kRelayPause);
+  parts_.Clock.Sleep(kRelayPause);
   style.Wanted = wanted;
   for (const int panel : panels) {
     state::ApplyPanelStyle(Panels, panel, parts_.Styles, parts_.Names);
@@ -239,7 +242,7 @@ double Form1::TextWidth(const std::string& text) const {
 }
 
 void Form1::BuildSensorNames(bool configured) {
-  parts_.Owner.BuildSensorNames(configured);
+  parts_.NewNames = state::BuildSensorNames(configured, parts_.Facts, parts_.Selectors);
   state::RebuildAllPanels(Panels, parts_.Styles, parts_.Names);
 }
 
@@ -272,7 +275,7 @@ void Form1::CmdReconnect_Click() {
   care_.Begin();
   Occupy(true);
   Refresh();
-  parts_.Owner.LinkAgain();
+  parts_.Link.LinkAgain();
   Occupy(false);
   SetAllMenu(!AnyLarge());
   poll_.EventuallyRestartPolling();

@@ -8,51 +8,37 @@
 
 #include "base/AppIdentity.h"
 #include "config/MachineFacts.h"
+#include "config/SelectorCatalogue.h"
 #include "link/ComPort.h"
+#include "link/LineParts.h"
 #include "link/LineView.h"
 #include "link/LinkTexts.h"
 #include "link/LinkUp.h"
+#include "shell/FormDbg.h"
 #include "shell/LinkCare.h"
+#include "shell/LinkSession.h"
 #include "shell/MachineProcesses.h"
 #include "shell/Polling.h"
 #include "shell/SubWindows.h"
 #include "state/DebugFrame.h"
-#include "state/SensorPanels.h"
-#include "state/StateDecoder.h"
+#include "state/PanelParts.h"
 #include "ui/Controls.h"
 #include "ui/Screen.h"
 
 namespace tintbench::shell {
 
-// What reaches beyond the window. The program does it.
-class MainWindowOwner {
- public:
-  virtual ~MainWindowOwner() = default;
-  virtual void LoadMainWindow() = 0;
-  virtual void EndMainWindow() = 0;
-  virtual void BuildSensorNames(bool configured) = 0;
-  // Links up on the port that was lost, or as it was tried last.
-  virtual void LinkAgain() = 0;
-  // Sets the level and has the window mark it in its menu.
-  virtual void SetDebugLevel(int level) = 0;
-  // Lets the operator edit the level.
-  virtual void EditDebugLevel() = 0;
-};
-
-struct Form1Parts {
+// What the window works with. All of it must outlive the window; the link, the windows that it
+// leads to and the dialog may be made after it.
+struct Form1Parts : link::LineParts, state::PanelParts {
   ui::Screen& Screen;
   const base::AppIdentity& Identity;
-  MainWindowOwner& Owner;
-  SubWindows& Windows;
-  link::SerialPort& Port;
   link::ComPort& Ports;
-  link::Transaction& Commands;
-  const link::LinkStatus& Status;
-  const std::string& SerialMode;
   const config::MachineFacts& Facts;
-  const state::SensorNames& Names;
-  state::StateDecoder& Decoder;
-  state::PanelStyles& Styles;
+  const config::SelectorCatalogue& Selectors;
+  state::SensorNames& NewNames;  // the names again, to be built anew
+  LinkSession& Link;
+  SubWindows& Windows;
+  FormDbg& LevelDialog;
 };
 
 struct Form1 : ui::Form, link::LinkView, link::LineView {
@@ -111,7 +97,7 @@ struct Form1 : ui::Form, link::LinkView, link::LineView {
   ui::Timer Timer1{*this, "Timer1"};
   ui::Timer TimerLink{*this, "TimerLink"};
 
-  void Form_Load() override { parts_.Owner.LoadMainWindow(); }
+  void Form_Load() override { parts_.Link.Start(); }
   void Form_Activate() override;
   void Form_Click() override { poll_.EventuallyRestartPolling(); }
   void Form_KeyDown(ui::KeyEvent& key) override;
@@ -124,8 +110,8 @@ struct Form1 : ui::Form, link::LinkView, link::LineView {
   void SetAllMenu(bool enabled);
   // Turns a panel between its own place and the whole window.
   void ToggleLargePanel(int panel);
-  // Marks the debug level in its menu and shows the frame of level 15.
-  void ShowDebugLevel(int level);
+  // A level that is set begins a new log; its menu marks it, and level 15 shows its frame.
+  void SetDebugLevel(int level);
 
   // Switches off at the machine what is still on and lets its processes go on, without window, box
   // or event: for a program whose display is gone.
@@ -149,6 +135,8 @@ struct Form1 : ui::Form, link::LinkView, link::LineView {
  private:
   void ConnectMenus();
   void ConnectLevels();
+  void EditDebugLevel();
+  void ShowDebugLevel(int level);
   void ConnectPanels();
   void ConnectSensorMenu();
   void FirstActivation();

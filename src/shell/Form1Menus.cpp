@@ -3,7 +3,6 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "commands/CommWindow.h"
 #include "shell/Form1.h"
 
 namespace tintbench::shell {
@@ -33,9 +32,11 @@ void Form1::ConnectMenus() {
       OpenSubWindow(select, checksFirmware);
     };
   };
-  leadsTo(MMnuGetconf, [&windows]() -> ui::Form& { return windows.Transfer(kConfigTransfer); });
-  leadsTo(MMnuLoadfirmw, [&windows]() -> ui::Form& { return windows.Transfer(kFirmwareTransfer); });
-  leadsTo(MMnuSerPort, [&windows]() -> ui::Form& { return windows.Transfer(kPortSettings); });
+  leadsTo(MMnuGetconf,
+          [&windows]() -> ui::Form& { return windows.Transfer(transfer::kConfigFace); });
+  leadsTo(MMnuLoadfirmw,
+          [&windows]() -> ui::Form& { return windows.Transfer(transfer::kFirmwareFace); });
+  leadsTo(MMnuSerPort, [&windows]() -> ui::Form& { return windows.Transfer(transfer::kPortFace); });
   leadsTo(MMnuGetstat, [&windows]() -> ui::Form& { return windows.Statistics(); });
   leadsTo(MnuAutotest, [&windows]() -> ui::Form& { return windows.Autotest(); });
   leadsTo(
@@ -51,7 +52,7 @@ void Form1::ConnectMenus() {
 void Form1::ConnectLevels() {
   const auto setsLevel = [this](ui::Menu& item, int level) {
     item.Click = [this, level] {
-      parts_.Owner.SetDebugLevel(level);
+      SetDebugLevel(level);
       poll_.EventuallyRestartPolling();
     };
   };
@@ -59,9 +60,20 @@ void Form1::ConnectLevels() {
   setsLevel(MMnuksvdbg07, link::kDebugXmodem);
   setsLevel(MMnuksvdbg15, link::kDebugCommands);
   MMnuksvdbgEdit.Click = [this] {
-    parts_.Owner.EditDebugLevel();
+    EditDebugLevel();
     poll_.EventuallyRestartPolling();
   };
+}
+
+void Form1::SetDebugLevel(int level) {
+  parts_.Log.DebugLevel(level);
+  parts_.Log.ApplyDebugLevel();
+  ShowDebugLevel(level);
+}
+
+// What was given up is not set.
+void Form1::EditDebugLevel() {
+  if (const auto level = parts_.LevelDialog.Edit(parts_.Log.DebugLevel())) SetDebugLevel(*level);
 }
 
 void Form1::ConnectSensorMenu() {

@@ -8,12 +8,9 @@
 #include "base/AppPaths.h"
 #include "base/Clock.h"
 #include "base/Files.h"
-#include "commands/FormComm.h"
 #include "config/MachineFacts.h"
 #include "config/ParameterCatalogue.h"
 #include "config/SelectorCatalogue.h"
-#include "groups/Instruments.h"
-#include "groups/Recording.h"
 #include "link/ComPort.h"
 #include "link/CommandTable.h"
 #include "link/DebugLog.h"
@@ -22,9 +19,10 @@
 #include "link/Xmodem.h"
 #include "shell/Form1.h"
 #include "shell/FormDbg.h"
-#include "shell/PlainWindows.h"
+#include "shell/LinkSession.h"
 #include "shell/Splash.h"
 #include "shell/StartPanel.h"
+#include "shell/SubWindows.h"
 #include "state/ErrorCatalogue.h"
 #include "state/SensorNames.h"
 #include "state/SensorPanels.h"
@@ -50,7 +48,7 @@ struct StartupKeys {
   std::string Port;
 };
 
-class Program final : private MainWindowOwner {
+class Program final {
  public:
   enum class Result { Good, NoPort };
 
@@ -60,7 +58,7 @@ class Program final : private MainWindowOwner {
   Result Main();
 
   // What is still switched on at the machine, in words, because it could not be switched off.
-  std::string LeftOn() const { return formComm_.On().Text(); }
+  std::string LeftOn() const { return windows_.LeftOn(); }
   // Leaves the machine as the way out does, without anything that a display is needed for.
   void LetGoOfMachine() { form1_.LetGoOfMachine(); }
 
@@ -68,29 +66,22 @@ class Program final : private MainWindowOwner {
   const link::LinkStatus& Status() const { return status_; }
   const config::MachineFacts& Facts() const { return facts_; }
   const state::SensorNames& Names() const { return names_; }
-  link::LinkUp& Linker() { return linkUp_; }
-  const std::string& SerialMode() const { return serialMode_; }
+  link::LinkUp& Linker() { return session_.Linker(); }
+  const std::string& SerialMode() const { return session_.SerialMode(); }
 
  private:
-  void LoadMainWindow() override;
-  void EndMainWindow() override;
-  void BuildSensorNames(bool configured) override;
-  void LinkAgain() override;
-  void SetDebugLevel(int level) override;
-  void EditDebugLevel() override;
-
+  link::LineParts Line();
+  state::PanelParts Panels();
   void SweepUp();
   void ServeTransfer();
   void ShowSplash();
   void AwaitSplash();
   void ShowMainWindow();
-  void ReturnService();
   void StartDebugLevel();
 
   ProgramSetup setup_;
   base::AppPaths paths_;
   StartupKeys startupKeys_;
-  std::string serialMode_;
   config::SelectorCatalogue selectors_;
   config::ParameterCatalogue parameters_{selectors_};
   state::ErrorTable errors_;
@@ -107,22 +98,12 @@ class Program final : private MainWindowOwner {
   frmSplsh splash_;
   StartPanel startPanel_;
   FormDbg formDbg_;
-  PlainWindows windows_;
   Form1 form1_;
-  commands::FormComm formComm_;
-  stats::StatCatalogue statCatalogue_;
-  stats::FormStat formStat_;
-  autotest::FormAuto formAuto_;
-  groups::ReadingsLog groupReadings_;
-  groups::FormGMon formGMon_;
-  groups::Recording groupRecord_;
-  groups::Instruments groupInstruments_;
+  LinkSession session_;
+  SubWindows windows_;
   LabelMirror steps_;
   LabelMirror waits_;
-  link::LinkUp linkUp_;
   double splashSince_ = 0;
-  bool hasPort_ = false;
-  bool linking_ = false;  // for the first time, with no other window
 };
 
 }  // namespace tintbench::shell

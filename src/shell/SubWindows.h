@@ -1,26 +1,75 @@
-// The windows that the main window's menus lead to. Each call tells a window what it is wanted
-// for, and gives it back to be shown modally.
+// Owns the windows behind the main window's menus, and tells each what it is wanted for. Those that
+// are still to come open as plain ones with their name and title, so that the menus already lead
+// somewhere and the machine is held around them.
 #pragma once
 
-#include <string>
-
-#include "ui/Form.h"
+#include "autotest/FormAuto.h"
+#include "commands/FormComm.h"
+#include "config/ParameterCatalogue.h"
+#include "groups/FormGMon.h"
+#include "groups/Instruments.h"
+#include "groups/Recording.h"
+#include "link/LineParts.h"
+#include "state/PanelParts.h"
+#include "stats/FormStat.h"
+#include "transfer/FormXmod.h"
+#include "ui/Controls.h"
+#include "ui/Screen.h"
 
 namespace tintbench::shell {
 
-enum TransferMode : int { kPortSettings = 0, kConfigTransfer = 1, kFirmwareTransfer = 2 };
+struct PlainWindow : ui::Form {
+  PlainWindow(ui::Screen& screen, const std::string& name, const std::string& title);
 
+  ui::Label LblPlain{*this, "LblPlain"};
+  ui::Button CmdClose{*this, "CmdClose"};
+
+ private:
+  ui::Screen& screen_;
+};
+
+// What the windows work with. All of it must outlive them.
+struct SubWindowsParts {
+  ui::Screen& Screen;
+  base::FileSystem& Files;
+  const base::AppPaths& Paths;
+  link::LineParts Line;
+  state::PanelParts Panels;
+  const config::MachineFacts& Facts;
+  const state::ErrorTable& Errors;
+  const config::SelectorCatalogue& Selectors;
+  const config::ParameterCatalogue& Parameters;
+  link::ComPort& Ports;
+  link::Xmodem& Engine;
+  transfer::MachineLink& Link;
+  const ui::Form& MainWindow;  // gives its title
+};
+
+// Each call that gives a window has told it what it is wanted for; it is to be shown modally.
 class SubWindows {
  public:
-  virtual ~SubWindows() = default;
-  virtual ui::Form& Transfer(int mode) = 0;
-  virtual ui::Form& Statistics() = 0;
-  virtual ui::Form& Autotest() = 0;
-  virtual ui::Form& Commands(int function) = 0;  // one of commands::FormFunction
-  virtual ui::Form& GroupMonitor(const std::string& address) = 0;
-  virtual ui::Form& GroupHistory(const std::string& title) = 0;
+  explicit SubWindows(const SubWindowsParts& parts);
+
+  ui::Form& Transfer(transfer::XmodemModeValue mode);
+  ui::Form& Statistics() { return formStat_; }
+  ui::Form& Autotest() { return formAuto_; }
+  ui::Form& Commands(commands::FormFunction function);
+  ui::Form& GroupMonitor(const std::string& address);
+  ui::Form& GroupHistory(const std::string& title);
   // What the windows have switched on at the machine and could not switch off again, in words.
-  virtual std::string LeftOn() const = 0;
+  std::string LeftOn() const { return formComm_.On().Text(); }
+
+ private:
+  commands::FormComm formComm_;
+  stats::StatCatalogue statCatalogue_;
+  stats::FormStat formStat_;
+  autotest::FormAuto formAuto_;
+  transfer::FormXmod formXmod_;
+  groups::ReadingsLog groupReadings_;
+  groups::FormGMon formGMon_;
+  groups::Recording groupRecord_;
+  groups::Instruments groupInstruments_;
+  PlainWindow formGHst_;
 };
 
 }  // namespace tintbench::shell

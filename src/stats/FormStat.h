@@ -7,11 +7,8 @@
 #include <string>
 
 #include "base/AppPaths.h"
-#include "link/CommandTable.h"
-#include "link/DebugLog.h"
+#include "link/LineParts.h"
 #include "link/LineView.h"
-#include "link/LinkStatus.h"
-#include "link/Transaction.h"
 #include "stats/BulkExchange.h"
 #include "stats/Overview.h"
 #include "stats/StatExchange.h"
@@ -21,16 +18,11 @@
 namespace tintbench::stats {
 
 // What the window works with. All of it must outlive the window.
-struct FormStatParts {
+struct FormStatParts : link::LineParts {
   ui::Screen& Screen;
   base::FileSystem& Files;
   const base::AppPaths& Paths;
-  link::SerialPort& Port;
-  link::Transaction& Commands;
-  link::CommandTable& Table;
-  const link::DebugLog& Log;
   const config::MachineFacts& Facts;
-  const link::LinkStatus& Status;
 };
 
 struct FormStat final : StatWindow, private link::LineView, private StatLine, private StatView {

@@ -18,7 +18,7 @@ struct CommBench {
   CommBench() { Main.Caption = "TintBench"; }
 
   // Opens the window with one of its functions.
-  void Load(int function = commands::kCommandMenu) {
+  void Load(commands::FormFunction function = commands::kCommandMenu) {
     Window.SetFormFunction(function);
     Screen.Load(Window);
   }
@@ -38,17 +38,8 @@ struct CommBench {
   state::StateDecoder Decoder{Names, Errors, [this] { return Status.FirmwareNumber(); }};
   state::PanelStyles Styles;
   ui::Form Main{"Form1"};
-  commands::FormComm Window{{.Screen = Screen,
-                             .Port = Port,
-                             .Commands = Commands,
-                             .Table = Table,
-                             .Log = Log,
-                             .Facts = Facts,
-                             .Status = Status,
-                             .Names = Names,
-                             .Decoder = Decoder,
-                             .Styles = Styles,
-                             .MainWindow = Main}};
+  commands::FormComm Window{
+      {{Port, Clock, Table, Commands, Log, Status}, {Names, Decoder, Styles}, Screen, Facts, Main}};
 };
 
 }  // namespace tintbench::testing

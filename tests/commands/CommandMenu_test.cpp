@@ -467,8 +467,8 @@ struct CountdownLog final : ui::Observer {
 TEST_F(CommandMenu, CountsDownInThePanelAndInTheBoxOfTheMenuOnShow) {
   const std::vector<ui::Control*> places{&Window.Panels.ILabel1, &Window.Panels.OLabel1,
                                          &Window.Panels.ErLabel1, &Window.TxtIO(2), &Window.TxtIOm};
-  const std::pair<int, std::vector<int>> menus[] = {{commands::kCommandMenu, {0, 5, 0, 5, 0}},
-                                                    {commands::kMaintenanceMenu, {0, 5, 0, 0, 5}}};
+  const std::pair<commands::FormFunction, std::vector<int>> menus[] = {
+      {commands::kCommandMenu, {0, 5, 0, 5, 0}}, {commands::kMaintenanceMenu, {0, 5, 0, 0, 5}}};
   for (const auto& [menu, seconds] : menus) {
     Port.Expect("#z*").Reply("A");
     Screen.Unload(Window);

@@ -30,7 +30,7 @@ struct MaintenanceBench : LineBench {
   }
 
   // Opens the window, has the steps done, and closes it behind the last, which may have done so.
-  void Run(int function, const std::vector<Step>& steps) {
+  void Run(commands::FormFunction function, const std::vector<Step>& steps) {
     Window.SetFormFunction(function);
     double time = 0;
     for (const Step& step : steps) {
@@ -62,17 +62,8 @@ struct MaintenanceBench : LineBench {
   state::StateDecoder Decoder{Names, Errors, [this] { return Status.FirmwareNumber(); }};
   state::PanelStyles Styles;
   ui::Form Main{"Form1"};
-  commands::FormComm Window{{.Screen = Screen,
-                             .Port = Port,
-                             .Commands = Line,
-                             .Table = Commands,
-                             .Log = Log,
-                             .Facts = Facts,
-                             .Status = Status,
-                             .Names = Names,
-                             .Decoder = Decoder,
-                             .Styles = Styles,
-                             .MainWindow = Main}};
+  commands::FormComm Window{
+      {{Port, Clock, Commands, Line, Log, Status}, {Names, Decoder, Styles}, Screen, Facts, Main}};
 };
 
 }  // namespace tintbench::testing

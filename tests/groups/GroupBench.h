@@ -71,14 +71,16 @@ struct GroupBenchOn {
   link::CommandTable Table;
   link::DebugLog Log{Files, "/app/log"};
   link::Transaction Commands{Port, Clock, Table, Screen, Log};
+  link::LinkStatus Status;
   config::MachineFacts Facts;
   config::SelectorCatalogue Selectors;
   link::SwitchedOn On;
   KeptRecord Record;
   groups::InstrumentPanel Instruments;
   groups::ReadingsLog Readings;
-  groups::FormGMon Window{{Screen, Port, Commands, Table, Log, Facts, Selectors, On},
-                          {Record, Instruments, Readings}};
+  groups::FormGMon Window{
+      {{Port, Clock, Table, Commands, Log, Status}, Screen, Facts, Selectors, On},
+      {Record, Instruments, Readings}};
 };
 
 using GroupBench = GroupBenchOn<ScriptedLine>;

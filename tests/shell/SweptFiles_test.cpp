@@ -21,13 +21,14 @@ std::set<std::string> FilesIn(const testing::ScratchFolder& folder) {
 TEST(SweptFiles, OnlyWhatACutOffRunLeftIsGone) {
   testing::TestProgram test({{1, std::nullopt}});
   const std::string temporary = ".tintbench-00112233445566ff.tmp";
-  const std::set<std::string> kept{"DEFSLAVE.CFG",   "TMP.TMP.BAK",           "_FW_.000",
+  const std::set<std::string> kept{"DEFSLAVE.CFG",   "TMP.TMP.BAK",           "_FW_.rom",
                                    "STAT/TMP.TMP",   "CONFIGUR/TMP.TMP",      "CONFIGUR/mine.cfm",
                                    "CONFIGUR/x.tmp", "CONFIGUR/KSSETTING.TXT"};
   ASSERT_TRUE(test.Files.MakeDir(test.Folder.Path("CONFIGUR")));
   ASSERT_TRUE(test.Files.MakeDir(test.Folder.Path("STAT")));
   for (const std::string& name : kept) test.Folder.Put(name, "SERVICE");
-  for (const char* name : {"TMP.TMP", "CONFIGUR/DEFSLAVE.CFR"}) test.Folder.Put(name, "half");
+  for (const char* name : {"TMP.TMP", "_FW_.000", "_FW_.012", "CONFIGUR/DEFSLAVE.CFR"})
+    test.Folder.Put(name, "half");
   for (const char* folder : {"", "CONFIGUR/"}) test.Folder.Put(folder + temporary, "half");
   test.Run();
   EXPECT_EQ(FilesIn(test.Folder), kept);

@@ -73,15 +73,7 @@ struct StatBench {
   config::MachineFacts Facts;
   link::LinkStatus Status;
   stats::StatCatalogue Catalogue;
-  stats::FormStat Window{{.Screen = Screen,
-                          .Files = Files,
-                          .Paths = Paths,
-                          .Port = Port,
-                          .Commands = Commands,
-                          .Table = Table,
-                          .Log = Log,
-                          .Facts = Facts,
-                          .Status = Status},
+  stats::FormStat Window{{{Port, Clock, Table, Commands, Log, Status}, Screen, Files, Paths, Facts},
                          Catalogue};
 };
 

@@ -1,0 +1,67 @@
+#include "shell/SubWindows.h"
+
+namespace tintbench::shell {
+
+PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std::string& title)
+    : ui::Form(name), screen_(screen) {
+  Caption = title;
+  LblPlain.Caption = "This window is still to come. The machine is held while it is open.";
+  CmdClose.Caption = "&Close";
+  CmdClose.Cancel = true;
+  CmdClose.Click = [this] { screen_.Unload(*this); };
+}
+
+SubWindows::SubWindows(const SubWindowsParts& parts)
+    : formComm_({parts.Line, parts.Panels, parts.Screen, parts.Facts, parts.MainWindow}),
+      formStat_({parts.Line, parts.Screen, parts.Files, parts.Paths, parts.Facts}, statCatalogue_),
+      formAuto_({.Screen = parts.Screen,
+                 .Commands = parts.Line.Commands,
+                 .Log = parts.Line.Log,
+                 .Errors = parts.Errors}),
+      formXmod_({.Screen = parts.Screen,
+                 .Files = parts.Files,
+                 .Paths = parts.Paths,
+                 .Port = parts.Line.Port,
+                 .Ports = parts.Ports,
+                 .Commands = parts.Line.Commands,
+                 .Engine = parts.Engine,
+                 .Log = parts.Line.Log,
+                 .Facts = parts.Facts,
+                 .Status = parts.Line.Status,
+                 .Catalogue = parts.Parameters,
+                 .Link = parts.Link,
+                 .Edit = [](const std::string&, const std::string&, const std::string&) {}}),
+      formGMon_(
+          {parts.Line, parts.Screen, parts.Facts, parts.Selectors, formComm_.On()},
+          {.Record = groupRecord_, .Instruments = groupInstruments_, .Readings = groupReadings_}),
+      groupRecord_(parts.Screen, parts.Files, parts.Paths.RecordingFolder(), formGMon_,
+                   formGMon_.TheGroup()),
+      groupInstruments_(formGMon_, formGMon_.TheGroup()),
+      formGHst_(parts.Screen, "FormGHst", "Groups Monitoring History") {
+  for (ui::Form* window : std::initializer_list<ui::Form*>{&formComm_, &formStat_, &formAuto_,
+                                                           &formXmod_, &formGMon_, &formGHst_}) {
+    parts.Screen.Register(*window);
+  }
+}
+
+ui::Form& SubWindows::Transfer(transfer::XmodemModeValue mode) {
+  formXmod_.SetXmodemMode(mode);
+  return formXmod_;
+}
+
+ui::Form& SubWindows::Commands(commands::FormFunction function) {
+  formComm_.SetFormFunction(function);
+  return formComm_;
+}
+
+ui::Form& SubWindows::GroupMonitor(const std::string& address) {
+  formGMon_.SetGroupAddress(address);
+  return formGMon_;
+}
+
+ui::Form& SubWindows::GroupHistory(const std::string& title) {
+  formGHst_.Caption = title;
+  return formGHst_;
+}
+
+}  // namespace tintbench::shell
