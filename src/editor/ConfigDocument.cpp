@@ -17,6 +17,14 @@ base::FileResult ConfigDocument::LoadConfigFile() {
   return result;
 }
 
+void ConfigDocument::Clear() {
+  loaded_ = EditingModel();
+  model_ = EditingModel();
+  other_ = EditingModel();
+  comparing_ = false;
+  history_.Clear();
+}
+
 WriteOutcome ConfigDocument::WriteConfigFile(const std::string& path) const {
   return writer_.WriteConfigFile(model_, name_, path);
 }
@@ -29,11 +37,14 @@ bool ConfigDocument::IsChanged(const ParameterPlace& at) const {
   return model_.Value(at) != loaded_.Value(at);
 }
 
-std::vector<Difference> ConfigDocument::CompareWith(const std::string& path,
-                                                    base::FileResult& result) const {
-  EditingModel other;
-  result = editor::LoadConfigFile(writer_.Files, path, other);
-  return result ? CompareConfigs(model_, other) : std::vector<Difference>();
+base::FileResult ConfigDocument::CompareWith(const std::string& path) {
+  base::FileResult result = editor::LoadConfigFile(writer_.Files, path, other_);
+  comparing_ = comparing_ || result;
+  return result;
+}
+
+std::vector<Difference> ConfigDocument::Differences() const {
+  return comparing_ ? CompareConfigs(model_, other_) : std::vector<Difference>();
 }
 
 std::optional<SaveVerdict> ConfigDocument::TakeOver(const Difference& difference) {

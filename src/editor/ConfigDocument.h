@@ -31,6 +31,8 @@ class ConfigDocument {
   // Reads the file of the present name. All steps are forgotten then. If it can't be read, all
   // stays as it was.
   base::FileResult LoadConfigFile();
+  // Forgets what was loaded, its steps and the file compared with.
+  void Clear();
   // Writes slave 1 as the file `path`. Nothing changes here: the file is yet to be named and
   // loaded.
   WriteOutcome WriteConfigFile(const std::string& path) const;
@@ -47,9 +49,9 @@ class ConfigDocument {
 
   bool CanUndo() const { return history_.CanUndo(); }
   bool CanRedo() const { return history_.CanRedo(); }
-  // Each gives the element that has changed; nothing if there is no such step.
-  std::optional<ElementPlace> Undo() { return history_.Undo(); }
-  std::optional<ElementPlace> Redo() { return history_.Redo(); }
+  // Each gives the place that has changed; nothing if there is no such step.
+  std::optional<ParameterPlace> Undo() { return history_.Undo(); }
+  std::optional<ParameterPlace> Redo() { return history_.Redo(); }
 
   // What was changed since loading.
   std::vector<Change> Changes() const { return ListChanges(loaded_, model_); }
@@ -60,8 +62,12 @@ class ConfigDocument {
     return FindText(model_, writer_.Catalogue, letters, slave, most);
   }
 
-  // The differences from another file, which `result` tells if it can't be read.
-  std::vector<Difference> CompareWith(const std::string& path, base::FileResult& result) const;
+  // Reads another file to compare with. If it can't be read, the one before stays.
+  base::FileResult CompareWith(const std::string& path);
+  // What differs now from the other file; nothing without one.
+  std::vector<Difference> Differences() const;
+  // The other file; empty without one.
+  const EditingModel& Other() const { return other_; }
   // Gives a parameter the other file's value, unless the editor would refuse it. Nothing for a
   // difference of whole elements.
   std::optional<SaveVerdict> TakeOver(const Difference& difference);
@@ -72,6 +78,8 @@ class ConfigDocument {
   EditingModel loaded_;
   EditingModel model_;
   EditHistory history_{model_};
+  EditingModel other_;
+  bool comparing_ = false;
 };
 
 }  // namespace tintbench::editor

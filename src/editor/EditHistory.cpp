@@ -11,18 +11,18 @@ bool EditHistory::Do(const std::optional<CellChange>& step) {
   return true;
 }
 
-std::optional<ElementPlace> EditHistory::Undo() {
+std::optional<ParameterPlace> EditHistory::Undo() {
   if (!CanUndo()) return std::nullopt;
   const CellChange& step = steps_[--done_];
   model_.Apply(step.Inverse());
-  return step.Element;
+  return step.Where();
 }
 
-std::optional<ElementPlace> EditHistory::Redo() {
+std::optional<ParameterPlace> EditHistory::Redo() {
   if (!CanRedo()) return std::nullopt;
   const CellChange& step = steps_[done_++];
   model_.Apply(step);
-  return step.Element;
+  return step.Where();
 }
 
 void EditHistory::Clear() {

@@ -20,9 +20,9 @@ class EditHistory {
   bool CanUndo() const { return done_ > 0; }
   bool CanRedo() const { return done_ < steps_.size(); }
 
-  // Each gives the element that has changed; nothing if there is no such step.
-  std::optional<ElementPlace> Undo();
-  std::optional<ElementPlace> Redo();
+  // Each gives the place that has changed; nothing if there is no such step.
+  std::optional<ParameterPlace> Undo();
+  std::optional<ParameterPlace> Redo();
 
   // Forgets all steps; the model stays as it is.
   void Clear();

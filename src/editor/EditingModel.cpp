@@ -57,6 +57,14 @@ std::string EmptyParms(const TablePlace& at) {
   return CreateParms(table ? table->Parameters : 0, "");
 }
 
+ParameterPlace CellChange::Where() const {
+  if (Lines.Old.empty() || Lines.New.empty()) return {Element, 1};
+  const std::vector<std::string> before = base::SplitFields(Lines.Old[0], ",");
+  const std::vector<std::string> now = base::SplitFields(Lines.New[0], ",");
+  const auto differs = std::mismatch(before.begin(), before.end(), now.begin(), now.end()).second;
+  return {Element, static_cast<int>(differs - now.begin()) + 1};
+}
+
 CellChange CellChange::Inverse() const { return {Element, Turned(Lines), Turned(States)}; }
 
 EditingModel::EditingModel()

@@ -33,6 +33,8 @@ struct CellChange {
   Splice<ElementState> States;
 
   CellChange Inverse() const;
+  // The first parameter that the step changes; 1 if it is about the whole element.
+  ParameterPlace Where() const;
 };
 
 // `count` times the value, with "," between.

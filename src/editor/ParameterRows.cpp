@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::string_view kEmptyRow = "[empty] def=";
 constexpr char kQuote = '"';
+constexpr std::string_view kUnitMark = "unit=";
+constexpr std::string_view kUnitKeys = "UM_";
 
 config::LimitsString LimitsOf(const config::ParameterCatalogue& catalogue,
                               const ParameterPlace& at) {
@@ -51,6 +53,24 @@ std::string RowValue(std::string_view rowText) {
 }
 
 std::string ListRowValue(std::string_view listRow) { return RowValue(base::Behind(listRow, ' ')); }
+
+std::string UnitText(const EditingModel& model, const config::ParameterCatalogue& catalogue,
+                     const ParameterPlace& at) {
+  const TablePlace& table = at.Element.Table;
+  const std::string key = LimitsOf(catalogue, at).EditorKey;
+  if (key.starts_with(kUnitKeys)) {
+    const int offset = AuxiliaryOffsets(key).front();
+    return AuxiliaryOf(model, catalogue, at, offset, EditorKind::kAuxiliary).Value;
+  }
+  const std::string_view text = catalogue.Description(table.Group, table.Table, at.Parameter);
+  const std::size_t mark = text.find(kUnitMark);
+  if (mark == std::string_view::npos) return {};
+  std::string_view unit = text.substr(mark + kUnitMark.size());
+  unit = unit.substr(0, unit.find_first_of(" ,"));
+  // The bracket around it all is none of the unit's own.
+  if (unit.ends_with(')') && unit.find('(') == std::string_view::npos) unit.remove_suffix(1);
+  return std::string(unit);
+}
 
 EditParms EditParmsOf(const EditingModel& model, const config::ParameterCatalogue& catalogue,
                       const ParameterPlace& at) {

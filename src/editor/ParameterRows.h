@@ -30,6 +30,11 @@ inline constexpr std::string_view kRowSign = ">  ";
 // The value of a row of the list, which begins with kRowSign.
 std::string ListRowValue(std::string_view listRow);
 
+// The unit in which a parameter counts: what its description says, or what stands in the row above
+// that names the unit. Empty if it has none.
+std::string UnitText(const EditingModel& model, const config::ParameterCatalogue& catalogue,
+                     const ParameterPlace& at);
+
 // All that the editor is told of one parameter.
 EditParms EditParmsOf(const EditingModel& model, const config::ParameterCatalogue& catalogue,
                       const ParameterPlace& at);

@@ -7,6 +7,7 @@
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "editor/ConfigStore.h"
+#include "editor/PlaceText.h"
 
 namespace tintbench::transfer {
 
@@ -72,21 +73,10 @@ void RunningConfig::Show(const std::string& words, ui::ListRows rows) {
 // "Motors 3: Pump type", or the element alone where there is no more to name.
 std::string RunningConfig::Place(const editor::Difference& difference,
                                  const editor::EditingModel& there) const {
-  const editor::ElementPlace& element = difference.At.Element;
-  const config::ConfigTable* const table = editor::TableAt(element.Table);
-  if (table == nullptr) return {};
-  std::string place(table->Caption);
-  if (element.Table.Slave != 1) place += ", slave " + base::PlainNumber(element.Table.Slave);
-  if (table->Count == config::Elements::kSeveral) {
-    const bool onlyThere = difference.Kind == editor::DifferenceKind::kOnlyThere;
-    place += " " + (onlyThere ? there : sent_).Value({element, 1});
-  }
+  const bool onlyThere = difference.Kind == editor::DifferenceKind::kOnlyThere;
+  const std::string place = editor::ElementText(onlyThere ? there : sent_, difference.At.Element);
   if (difference.Kind != editor::DifferenceKind::kValue) return place;
-  const std::string_view what = parts_.Catalogue.Description(
-      element.Table.Group, element.Table.Table, difference.At.Parameter);
-  return place + ": " +
-         (what.empty() ? "parameter " + base::PlainNumber(difference.At.Parameter)
-                       : std::string(what));
+  return place + ": " + editor::ParameterText(parts_.Catalogue, difference.At);
 }
 
 }  // namespace tintbench::transfer
