@@ -1,4 +1,5 @@
 // Commands that move something.
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -26,6 +27,26 @@ std::vector<int> Pairs(const std::string& argument) {
   return numbers;
 }
 
+// Where the elements of a table tell the address of the group in which they lie.
+struct GroupField {
+  std::string_view Tag;
+  std::size_t Field;
+};
+
+constexpr GroupField kValves{"@CIR", 5};
+constexpr GroupField kStirrings{"@AGI", 5};
+constexpr GroupField kMotors{"@MOT", 4};
+
+// True if one of the elements lies in a group that is off.
+bool Powerless(const Plant& plant, const GroupField& table, const std::vector<int>& elements) {
+  return std::any_of(elements.begin(), elements.end(), [&](int element) {
+    return plant.TheGroups.IsOff(plant.Config.Number(table.Tag, element, table.Field, 0));
+  });
+}
+
+// The answer for elements that can't be reached.
+Reply Unreached(const std::string& argument) { return {"E" + argument}; }
+
 Reply Echo(bool done, const std::string& argument) {
   return done ? Reply{"A" + argument} : Refused();
 }
@@ -37,6 +58,7 @@ bool MaySwitch(const Plant& plant, double now) {
 template <bool kOpen>
 Reply SwitchValves(Plant& plant, const std::string& argument, double now) {
   const std::vector<int> valves = Pairs(argument);
+  if (Powerless(plant, kValves, valves)) return Unreached(argument);
   return Echo(
       MaySwitch(plant, now) && !valves.empty() && plant.TheElements.Valves(valves, kOpen, now),
       argument);
@@ -45,6 +67,7 @@ Reply SwitchValves(Plant& plant, const std::string& argument, double now) {
 template <bool kOn>
 Reply SwitchStirrings(Plant& plant, const std::string& argument, double now) {
   const std::vector<int> stirrings = Pairs(argument);
+  if (Powerless(plant, kStirrings, stirrings)) return Unreached(argument);
   return Echo(
       plant.SpiEnabled && !stirrings.empty() && plant.TheElements.Stirrings(stirrings, kOn, now),
       argument);
@@ -87,10 +110,12 @@ Reply ShelfPosition(Plant& plant, const std::string&, double now) {
 Reply MotorOn(Plant& plant, const std::string& argument, double now) {
   const std::string name = argument.substr(0, 2);
   const int speed = base::LeadingInt(argument.substr(2));
+  if (Powerless(plant, kMotors, Pairs(name))) return Unreached(name);
   return Echo(plant.TheElements.MotorOn(base::LeadingInt(name), speed, now), name);
 }
 
 Reply MotorOff(Plant& plant, const std::string& argument, double now) {
+  if (Powerless(plant, kMotors, Pairs(argument))) return Unreached(argument);
   return Echo(plant.TheElements.MotorOff(base::LeadingInt(argument), now), argument);
 }
 

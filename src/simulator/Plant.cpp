@@ -26,6 +26,7 @@ double Plant::FirmwareNumber() const {
 }
 
 void Plant::Settle(double now) {
+  TheGroups.Settle(now);
   TheProcesses.Settle(now);
   for (const ValveTest::Turn& turn : TheValveTest.TakeEnded(now)) {
     if (Counter* counter = TheStatistics.Find('C', turn.Valve)) counter->Add(turn.Seconds, 1.0);
@@ -45,6 +46,23 @@ void Plant::Reset(double now) {
   Outputs = kUsualOutputs;
   SpiEnabled = true;
   BusyUntil = now;
+}
+
+void Plant::SwitchGroup(int group, bool on, double now) {
+  TheGroups.SwitchGroup(group, on);
+  if (on) return;
+  const auto lies = [&](std::string_view tag, int element, std::size_t field) {
+    return Config.Number(tag, element, field, 0) == group;
+  };
+  for (const int valve : TheElements.OpenValves()) {
+    if (lies("@CIR", valve, 5)) TheElements.Valves({valve}, false, now);
+  }
+  for (const int stirring : TheElements.WorkingStirrings()) {
+    if (lies("@AGI", stirring, 5)) TheElements.Stirrings({stirring}, false, now);
+  }
+  for (const int motor : TheElements.RunningMotors()) {
+    if (lies("@MOT", motor, 4)) TheElements.MotorOff(motor, now);
+  }
 }
 
 bool Plant::Busy(double now) const {

@@ -42,6 +42,9 @@ struct Plant {
   // flash memory are gone. Hands, wires and dip-switches stay as they were.
   void Reset(double now);
 
+  // Switches an external group; one that is off has nothing on.
+  void SwitchGroup(int group, bool on, double now);
+
   // True while a process runs that the status calls busy.
   bool Busy(double now) const;
 

@@ -133,11 +133,49 @@ bool Config(Plant& plant, const Words& words, double now) {
   return true;
 }
 
-bool Group(Plant& plant, const Words& words, double) {
-  if (words.size() != 2 || !OnOff(words[1])) return false;
-  const int group = base::LeadingInt(words[0]);
-  if (!plant.TheGroups.Exists(group)) return false;
-  plant.TheGroups.SwitchGroup(group, *OnOff(words[1]));
+// What an input reads: a value, a cut wire, or what the group makes of it.
+bool FixInput(Groups& groups, const GroupInput& input, const std::string& what) {
+  if (what == "auto") return groups.Free(input);
+  if (what == "cut") return groups.Cut(input);
+  const std::optional<double> value = WholeNumber(what);
+  return value && groups.Fix(input, *value);
+}
+
+// "right", "letter C", "state C" or "length N".
+bool SetAnswers(AnswerForm& form, std::span<const std::string> words) {
+  if (words.size() == 1 && words[0] == "right") {
+    form = {};
+    return true;
+  }
+  if (words.size() != 2) return false;
+  if (words[0] == "length") {
+    const std::optional<double> length = WholeNumber(words[1]);
+    if (!length || *length < 0 || *length > Groups::kLongestAnswer) return false;
+    form.Length = static_cast<std::size_t>(*length);
+    return true;
+  }
+  if (words[1].size() != 1 || (words[0] != "letter" && words[0] != "state")) return false;
+  (words[0] == "letter" ? form.Letter : form.State) = words[1].front();
+  return true;
+}
+
+bool Group(Plant& plant, const Words& words, double now) {
+  Groups& groups = plant.TheGroups;
+  const int group = words.empty() ? 0 : base::LeadingInt(words[0]);
+  if (words.size() < 2 || !groups.Exists(group)) return false;
+  const std::string& what = words[1];
+  if (what == "answer") return SetAnswers(groups.Answers(group), std::span(words).subspan(2));
+  if (words.size() == 4 && (what == "digital" || what == "analogue")) {
+    const int kind = what == "analogue" ? 1 : 0;
+    return FixInput(groups, {group, kind, base::LeadingInt(words[2])}, words[3]);
+  }
+  if (words.size() != 2) return false;
+  if (what == "fill") {
+    groups.Fill(group);
+    return true;
+  }
+  if (!OnOff(what)) return false;
+  plant.SwitchGroup(group, *OnOff(what), now);
   return true;
 }
 
@@ -145,10 +183,7 @@ bool Reading(Plant& plant, const Words& words, double) {
   if (words.size() != 4) return false;
   const GroupInput input{base::LeadingInt(words[0]), base::LeadingInt(words[1]),
                          base::LeadingInt(words[2])};
-  if (words[3] == "auto") return plant.TheGroups.Free(input);
-  if (words[3] == "cut") return plant.TheGroups.Cut(input);
-  const std::optional<double> value = WholeNumber(words[3]);
-  return value && plant.TheGroups.Fix(input, *value);
+  return FixInput(plant.TheGroups, input, words[3]);
 }
 
 bool Dip(Plant& plant, const Words& words, double) {
@@ -224,8 +259,12 @@ constexpr std::array kWords = {
     PlantWord{"valve", "valve N good|broken|shorted", "found when it opens, or is tested", Valve},
     PlantWord{"motor", "motor N good|broken|no-zero|RPM",
               "stands still, gives no zero signal, or has a speed of its own", Motor},
-    PlantWord{"group", "group N on|off", "switches an external group", Group},
-    PlantWord{"reading", "reading GROUP 0|1 TYPE VALUE|cut|auto", "fixes an input of a group",
+    PlantWord{"group",
+              "group N on|off|fill | N digital|analogue TYPE VALUE|cut|auto | "
+              "N answer length N|letter C|state C|right",
+              "switches an external group, fills its tank, fixes an input, or spoils its answers",
+              Group},
+    PlantWord{"reading", "reading GROUP 0|1 TYPE VALUE|cut|auto", "fixes an input of a group, too",
               Reading},
     PlantWord{"dip", "dip N on|off", "dip-switch 1 to 4; 4 is read at a reset", Dip},
     PlantWord{"config", "config @TAG N|* FIELD VALUE | @TAG N|* none",

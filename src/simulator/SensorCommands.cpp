@@ -71,6 +71,7 @@ Reply SwitchFunction(Plant& plant, const std::string& argument, double) {
   const int function = base::LeadingInt(argument.substr(2, 2));
   const char flag = argument[4];
   if (flag != '0' && flag != '1') return Refused();
+  if (plant.TheGroups.IsOff(group)) return {"E", kGroupSeconds};
   const bool done = plant.TheGroups.SetFunction(group, function, flag == '1');
   return done ? Reply{"A", kGroupSeconds} : Refused();
 }

@@ -1,6 +1,7 @@
 // Statistics, processes that run by themselves, and the inputs of external groups.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 #include "simulator/Desk.h"
@@ -131,15 +132,15 @@ double Reading(Desk& desk, const char* command) {
 
 TEST(CountersTest, GroupReadingsDriftWithinTheirBand) {
   Desk desk;
-  std::set<double> levels;
+  std::set<double> temperatures;
   for (int round = 0; round < 200; ++round) {
-    const double level = Reading(desk, "#ig11104*");
-    EXPECT_GE(level, 10.0);
-    EXPECT_LE(level, 95.0);
-    levels.insert(level);
+    const double temperature = Reading(desk, "#ig11104*");
+    EXPECT_GE(temperature, 5.0);
+    EXPECT_LE(temperature, 40.0);
+    temperatures.insert(temperature);
     desk.Clock.Sleep(3.0);
   }
-  EXPECT_GT(levels.size(), 50U);
+  EXPECT_GT(temperatures.size(), 50U);
   EXPECT_EQ(desk.Ask("#s*"), "K00");
 }
 
@@ -160,7 +161,71 @@ TEST(CountersTest, AGroupReadingCanBeFixedCutAndWatched) {
   EXPECT_EQ(desk.Ask("#ig01031*"), "A200000000");
   desk.Tell("group 1 off");
   EXPECT_EQ(desk.Ask("#ig01031*"), "E100000000");
-  EXPECT_EQ(desk.Ask("#ix01091*"), "R");
+  EXPECT_EQ(desk.Ask("#ix01091*"), "E");
+}
+
+// What a group reads: suction and delivery pressure, level.
+std::array<double, 3> Instruments(Desk& desk) {
+  desk.Clock.Sleep(20.0);
+  return {Reading(desk, "#ig01101*"), Reading(desk, "#ig01102*"), Reading(desk, "#ig01103*")};
+}
+
+TEST(CountersTest, PressuresFollowMotorAndValveAndTheLevelFallsWhileDispensing) {
+  Desk desk;
+  const auto rest = Instruments(desk);
+  desk.Ask("#f10400*", 0.1);
+  const auto running = Instruments(desk);
+  desk.Ask("#a22*", 0.1);
+  const auto dispensing = Instruments(desk);
+  EXPECT_LT(running[0], rest[0]);
+  EXPECT_LT(dispensing[0], running[0]);
+  EXPECT_GT(running[1], dispensing[1]);
+  EXPECT_GT(dispensing[1], rest[1]);
+  EXPECT_EQ(running[2], rest[2]);
+  EXPECT_NEAR(dispensing[2], rest[2] - 20.0 / 800.0 * 85.0, 0.3);
+  EXPECT_EQ(desk.Ask("#s*"), "K00");
+  desk.Clock.Sleep(800.0);
+  EXPECT_EQ(Reading(desk, "#ig01103*"), 0.0);
+  EXPECT_EQ(desk.Ask("#s*"), "E012B0A") << "the tank is empty";
+  EXPECT_EQ(desk.Ask("#ig01038*"), "A200000001");
+  desk.Ask("#z*");
+  desk.Tell("group 1 fill");
+  EXPECT_EQ(Instruments(desk)[2], rest[2]);
+}
+
+TEST(CountersTest, AnswersAboutAGroupAreSpoiltByWord) {
+  struct Case {
+    const char* Words;
+    const char* Answer;
+  };
+  Desk desk;
+  for (const Case& wrong : {Case{"group 1 digital 31 1", "A200000001"},
+                            {"group 1 answer letter R", "R200000001"},
+                            {"group 1 answer state 7", "R700000001"},
+                            {"group 1 answer length 9", "R70000000"},
+                            {"group 1 answer length 12", "R70000000100"},
+                            {"group 1 answer length 0", ""},
+                            {"group 1 answer right", "A200000001"},
+                            {"group 1 digital 31 cut", "A100000000"}}) {
+    EXPECT_EQ(desk.Tell(wrong.Words), "");
+    EXPECT_EQ(desk.Ask("#ig01031*"), wrong.Answer) << wrong.Words;
+  }
+  desk.Tell("group 1 analogue 01 -25.3");
+  EXPECT_DOUBLE_EQ(Reading(desk, "#ig01101*"), -25.3);
+}
+
+TEST(CountersTest, AGroupThatIsOffHasNothingOnAndObeysNothing) {
+  Desk desk;
+  for (const char* command : {"#a2201*", "#b1401*", "#f10400*", "#f01400*"}) desk.Ask(command, 0.1);
+  desk.Tell("group 1 off");
+  EXPECT_EQ(desk.Tell("check valves 01"), "");
+  EXPECT_EQ(desk.Tell("check stirrings 01"), "");
+  EXPECT_EQ(desk.Tell("check motors 01"), "");
+  for (const char* command : {"#a22*", "#g22*", "#b14*", "#m14*", "#l10*"}) {
+    EXPECT_EQ(desk.Ask(command)[0], 'E') << command;
+  }
+  desk.Tell("group 1 on");
+  EXPECT_EQ(desk.Ask("#a22*"), "A22");
 }
 
 TEST(CountersTest, TheFlowmeterFollowsTheGroupsMotor) {
