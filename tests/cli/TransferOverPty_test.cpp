@@ -36,7 +36,7 @@ TEST_F(TransferOverPty, AConfigurationIsReceivedChangedSentAndFoundAgainInTheMac
   text.resize(text.find_last_not_of('\x1A') + 1);
   std::ofstream(file, std::ios::binary) << text;
   EXPECT_EQ(Play(Configuration("tick FormXmod.OptBsize(1)\n"
-                               "type FormXmod.Txtwait \"12\"\n"
+                               "type FormXmod.Txtwait \"40\"\n"
                                "click FormXmod.CommSend\n"
                                "until FormXmod.LblCompare.Caption is "
                                "\"The machine runs what was sent: mine.cfr.\" within 120\n"
