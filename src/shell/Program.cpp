@@ -46,6 +46,7 @@ Program::Program(const ProgramSetup& setup)
       windows_({.Screen = setup.Screen,
                 .Files = setup.Files,
                 .Paths = paths_,
+                .Identity = setup_.Identity,
                 .Line = Line(),
                 .Panels = Panels(),
                 .Facts = facts_,

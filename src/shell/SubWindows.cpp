@@ -1,5 +1,7 @@
 #include "shell/SubWindows.h"
 
+#include <functional>
+
 namespace tintbench::shell {
 
 PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std::string& title)
@@ -12,12 +14,20 @@ PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std:
 }
 
 SubWindows::SubWindows(const SubWindowsParts& parts)
-    : formComm_({parts.Line, parts.Panels, parts.Screen, parts.Facts, parts.MainWindow}),
+    : screen_(parts.Screen),
+      formComm_({parts.Line, parts.Panels, parts.Screen, parts.Facts, parts.MainWindow}),
       formStat_({parts.Line, parts.Screen, parts.Files, parts.Paths, parts.Facts}, statCatalogue_),
       formAuto_({.Screen = parts.Screen,
                  .Commands = parts.Line.Commands,
                  .Log = parts.Line.Log,
                  .Errors = parts.Errors}),
+      formEdit_(parts.Screen, parts.Selectors),
+      formCfg_({.Screen = parts.Screen,
+                .Files = parts.Files,
+                .Paths = parts.Paths,
+                .Identity = parts.Identity,
+                .Parameters = parts.Parameters,
+                .Editor = formEdit_}),
       formXmod_({.Screen = parts.Screen,
                  .Files = parts.Files,
                  .Paths = parts.Paths,
@@ -30,7 +40,7 @@ SubWindows::SubWindows(const SubWindowsParts& parts)
                  .Status = parts.Line.Status,
                  .Catalogue = parts.Parameters,
                  .Link = parts.Link,
-                 .Edit = [](const std::string&, const std::string&, const std::string&) {}}),
+                 .Edit = std::bind_front(&SubWindows::EditConfiguration, this)}),
       formGMon_(
           {parts.Line, parts.Screen, parts.Facts, parts.Selectors, formComm_.On()},
           {.Record = groupRecord_, .Instruments = groupInstruments_, .Readings = groupReadings_}),
@@ -38,8 +48,9 @@ SubWindows::SubWindows(const SubWindowsParts& parts)
                    formGMon_.TheGroup()),
       groupInstruments_(formGMon_, formGMon_.TheGroup()),
       formGHst_(parts.Screen, "FormGHst", "Groups Monitoring History") {
-  for (ui::Form* window : std::initializer_list<ui::Form*>{&formComm_, &formStat_, &formAuto_,
-                                                           &formXmod_, &formGMon_, &formGHst_}) {
+  for (ui::Form* window :
+       std::initializer_list<ui::Form*>{&formComm_, &formStat_, &formAuto_, &formXmod_, &formCfg_,
+                                        &formEdit_, &formGMon_, &formGHst_}) {
     parts.Screen.Register(*window);
   }
 }
@@ -47,6 +58,12 @@ SubWindows::SubWindows(const SubWindowsParts& parts)
 ui::Form& SubWindows::Transfer(transfer::XmodemModeValue mode) {
   formXmod_.SetXmodemMode(mode);
   return formXmod_;
+}
+
+void SubWindows::EditConfiguration(const std::string& folder, const std::string& stem,
+                                   const std::string& extension) {
+  formCfg_.SetConfigName(folder, stem, extension);
+  screen_.ShowModal(formCfg_);
 }
 
 ui::Form& SubWindows::Commands(commands::FormFunction function) {

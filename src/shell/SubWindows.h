@@ -6,6 +6,7 @@
 #include "autotest/FormAuto.h"
 #include "commands/FormComm.h"
 #include "config/ParameterCatalogue.h"
+#include "editor/FormCfg.h"
 #include "groups/FormGMon.h"
 #include "groups/Instruments.h"
 #include "groups/Recording.h"
@@ -33,6 +34,7 @@ struct SubWindowsParts {
   ui::Screen& Screen;
   base::FileSystem& Files;
   const base::AppPaths& Paths;
+  const base::AppIdentity& Identity;
   link::LineParts Line;
   state::PanelParts Panels;
   const config::MachineFacts& Facts;
@@ -60,10 +62,16 @@ class SubWindows {
   std::string LeftOn() const { return formComm_.On().Text(); }
 
  private:
+  void EditConfiguration(const std::string& folder, const std::string& stem,
+                         const std::string& extension);
+
+  ui::Screen& screen_;
   commands::FormComm formComm_;
   stats::StatCatalogue statCatalogue_;
   stats::FormStat formStat_;
   autotest::FormAuto formAuto_;
+  editor::FormEdit formEdit_;
+  editor::FormCfg formCfg_;
   transfer::FormXmod formXmod_;
   groups::ReadingsLog groupReadings_;
   groups::FormGMon formGMon_;
