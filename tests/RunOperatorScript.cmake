@@ -31,6 +31,8 @@ foreach(copy IN LISTS copies)
   configure_file(${DATA}/${CMAKE_MATCH_1} ${FRESH}/${CMAKE_MATCH_2} COPYONLY)
 endforeach()
 
+# Dates in words are the scripts' own, whoever plays them.
+set(ENV{LC_ALL} C)
 execute_process(
   COMMAND ${PROGRAM} --demo --clock virtual --data-dir ${FRESH} --operator ${SCRIPT} ${options}
   RESULT_VARIABLE status)

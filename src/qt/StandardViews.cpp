@@ -6,9 +6,9 @@
 #include "qt/FormCommView.h"
 #include "qt/FormDbgView.h"
 #include "qt/FormEditView.h"
+#include "qt/FormGHstView.h"
 #include "qt/FormStatView.h"
 #include "qt/FormXmodView.h"
-#include "qt/PlainView.h"
 #include "qt/SplashView.h"
 
 namespace tintbench::desktop {
@@ -20,9 +20,9 @@ void AddStandardViews(DesktopScreen& screen) {
   screen.AddView(MakeFormCommView);
   screen.AddView(MakeFormDbgView);
   screen.AddView(MakeFormEditView);
+  screen.AddView(MakeFormGHstView);
   screen.AddView(MakeFormStatView);
   screen.AddView(MakeFormXmodView);
-  screen.AddView(MakePlainView);
   screen.AddView(MakeSplashView);
   screen.AddView(MakeStartPanelView);
 }

@@ -4,15 +4,6 @@
 
 namespace tintbench::shell {
 
-PlainWindow::PlainWindow(ui::Screen& screen, const std::string& name, const std::string& title)
-    : ui::Form(name), screen_(screen) {
-  Caption = title;
-  LblPlain.Caption = "This window is still to come. The machine is held while it is open.";
-  CmdClose.Caption = "&Close";
-  CmdClose.Cancel = true;
-  CmdClose.Click = [this] { screen_.Unload(*this); };
-}
-
 SubWindows::SubWindows(const SubWindowsParts& parts)
     : screen_(parts.Screen),
       formComm_({parts.Line, parts.Panels, parts.Screen, parts.Facts, parts.MainWindow}),
@@ -47,7 +38,7 @@ SubWindows::SubWindows(const SubWindowsParts& parts)
       groupRecord_(parts.Screen, parts.Files, parts.Paths.RecordingFolder(), formGMon_,
                    formGMon_.TheGroup()),
       groupInstruments_(formGMon_, formGMon_.TheGroup()),
-      formGHst_(parts.Screen, "FormGHst", "Groups Monitoring History") {
+      formGHst_(parts.Screen, parts.Files, parts.Paths.RecordingFolder()) {
   for (ui::Form* window :
        std::initializer_list<ui::Form*>{&formComm_, &formStat_, &formAuto_, &formXmod_, &formCfg_,
                                         &formEdit_, &formGMon_, &formGHst_}) {
@@ -77,7 +68,7 @@ ui::Form& SubWindows::GroupMonitor(const std::string& address) {
 }
 
 ui::Form& SubWindows::GroupHistory(const std::string& title) {
-  formGHst_.Caption = title;
+  formGHst_.SetMainTitle(title);
   return formGHst_;
 }
 

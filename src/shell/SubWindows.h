@@ -1,12 +1,11 @@
-// Owns the windows behind the main window's menus, and tells each what it is wanted for. Those that
-// are still to come open as plain ones with their name and title, so that the menus already lead
-// somewhere and the machine is held around them.
+// Owns the windows behind the main window's menus, and tells each what it is wanted for.
 #pragma once
 
 #include "autotest/FormAuto.h"
 #include "commands/FormComm.h"
 #include "config/ParameterCatalogue.h"
 #include "editor/FormCfg.h"
+#include "groups/FormGHst.h"
 #include "groups/FormGMon.h"
 #include "groups/Instruments.h"
 #include "groups/Recording.h"
@@ -14,20 +13,9 @@
 #include "state/PanelParts.h"
 #include "stats/FormStat.h"
 #include "transfer/FormXmod.h"
-#include "ui/Controls.h"
 #include "ui/Screen.h"
 
 namespace tintbench::shell {
-
-struct PlainWindow : ui::Form {
-  PlainWindow(ui::Screen& screen, const std::string& name, const std::string& title);
-
-  ui::Label LblPlain{*this, "LblPlain"};
-  ui::Button CmdClose{*this, "CmdClose"};
-
- private:
-  ui::Screen& screen_;
-};
 
 // What the windows work with. All of it must outlive them.
 struct SubWindowsParts {
@@ -77,7 +65,7 @@ class SubWindows {
   groups::FormGMon formGMon_;
   groups::Recording groupRecord_;
   groups::Instruments groupInstruments_;
-  PlainWindow formGHst_;
+  groups::FormGHst formGHst_;
 };
 
 }  // namespace tintbench::shell
