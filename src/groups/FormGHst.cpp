@@ -1,6 +1,7 @@
 #include "groups/FormGHst.h"
 
 #include <cstdio>
+#include <initializer_list>
 #include <utility>
 
 #include "base/LongDate.h"

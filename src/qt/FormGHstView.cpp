@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "qt/Binder.h"
@@ -23,9 +24,25 @@ class HistoryArea final : public QWidget {
   QSize sizeHint() const override { return {Em(*this) * 64, Em(*this) * 38}; }
 };
 
-// A recording's line says too much for one line beside the text, and so takes two.
+// A recording's line says too much for one line beside the text, and so takes two. It is broken
+// between brackets only.
+class FileRows final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QString displayText(const QVariant& value, const QLocale& locale) const override {
+    constexpr QChar kNoBreak(0xA0);
+    QString text = QStyledItemDelegate::displayText(value, locale);
+    text.replace(QLatin1Char(' '), kNoBreak);
+    const QString between = QString("]") + kNoBreak + QLatin1Char('[');
+    return text.replace(between, QString("] ["));
+  }
+};
+
 RowList* MakeFileList(groups::FormGHst& form, QWidget& view) {
   auto* const list = MakeWidget<RowList>(form.CmbFile, &view);
+  list->setItemDelegate(new FileRows(list));
+  list->setSpacing(Em(view) / 6);
   list->setUniformItemSizes(false);
   list->setWordWrap(true);
   list->setResizeMode(QListView::Adjust);
@@ -75,8 +92,8 @@ QWidget* MakeFormGHstView(groups::FormGHst& form, QWidget* parent) {
   auto* const halves = new QSplitter(Qt::Horizontal, view);
   halves->setChildrenCollapsible(false);
   halves->setHandleWidth(margin);
-  halves->addWidget(MakeChoice(form, *view));
-  halves->addWidget(MakeText(form, *view));
+  halves->addWidget(MakeChoice(form, *halves));
+  halves->addWidget(MakeText(form, *halves));
   halves->setStretchFactor(0, 2);
   halves->setStretchFactor(1, 3);
   whole->addWidget(halves);
