@@ -50,7 +50,7 @@ ElementCommands::Side ElementCommands::SideOf(Element element, bool on) {
        {CommandId::StirringsOn, CommandId::StirringsOff, Mark::StirringOn, Mark::StirringOff},
        {CommandId::MotorOn, CommandId::MotorOff, Mark::MotorOn, Mark::MotorOff}}};
   const GroupWindow::Switch boxes = window_.SwitchOf(element);
-  const Rows& rows = kRows.at(element);
+  const Rows& rows = kRows.at(static_cast<std::size_t>(element));
   Side side{on ? boxes.On : boxes.Off, on ? boxes.Off : boxes.On, boxes.Id, on ? rows.On : rows.Off,
             on ? rows.OnSymbol : rows.OffSymbol};
   const std::string& threePositions = work_.Parts.Facts.CapThreePositionList;
@@ -131,7 +131,7 @@ void ElementCommands::Switch_Click(Element element, bool on) {
 void ElementCommands::SwitchElement(Element element, bool on) {
   if (on && element == kValve) return OpenValve();
   if (on && element == kMotor) return StartMotor();
-  RunSide(SideOf(element, on), on, group_.Ids.at(element));
+  RunSide(SideOf(element, on), on, group_.Ids.at(static_cast<std::size_t>(element)));
   if (element == kValve) StopWatch();
   if (element == kMotor && window_.StateOf(kMotor) == ElementState::Off) {
     window_.TxtMotorSpeed.BackColor = ui::kWindowColour;

@@ -85,7 +85,7 @@ void GroupSetup::ResolveGroupElements() {
   group_.AnalogueXMask = base::Mid(functions, kDigitalRows + 1, kAnalogueRows);
   for (const Element element : {kCap, kValve, kStirring, kMotor}) {
     const GroupWindow::Switch boxes = window_.SwitchOf(element);
-    boxes.Id.Caption = group_.Ids.at(element);
+    boxes.Id.Caption = group_.Ids.at(static_cast<std::size_t>(element));
     boxes.On.Enabled = window_.Has(element);
   }
 }
@@ -96,7 +96,7 @@ void GroupSetup::ResetElements() {
   group_.AnalogueXMask.assign(kAnalogueRows, '0');
   for (const Element element : {kCap, kValve, kStirring, kMotor}) {
     const GroupWindow::Switch boxes = window_.SwitchOf(element);
-    boxes.Id.Caption = group_.Ids.at(element);
+    boxes.Id.Caption = group_.Ids.at(static_cast<std::size_t>(element));
     boxes.Id.BackColor = kOffColour;
     boxes.On.Value = ui::kUnchecked;
     boxes.On.Enabled = false;
