@@ -36,12 +36,12 @@ enum class Reading { FollowsTheEnd, KeepsItsPlace };
 void Bind(ui::TextBox& control, QPlainTextEdit& widget, Reading reading = Reading::FollowsTheEnd);
 void Bind(ui::RichTextBox& control, QPlainTextEdit& widget);
 Binding& Bind(ui::Button& control, QPushButton& widget);
-void Bind(ui::CheckBox& control, QCheckBox& widget);
+Binding& Bind(ui::CheckBox& control, QCheckBox& widget);
 Binding& Bind(ui::OptionButton& control, QRadioButton& widget);
 Binding& Bind(ui::ListBox& control, RowList& widget);
 void Bind(ui::ComboBox& control, QComboBox& widget);
 void Bind(ui::TabStrip& control, QTabBar& widget);
-void Bind(ui::Frame& control, QGroupBox& widget);
+Binding& Bind(ui::Frame& control, QGroupBox& widget);
 Binding& Bind(ui::Frame& control, QFrame& widget);  // shows no caption
 void Bind(ui::ProgressBar& control, QProgressBar& widget);
 void Bind(ui::StatusBar& control, QStatusBar& widget);

@@ -33,7 +33,7 @@ Binding& Bind(ui::Button& control, QPushButton& widget) {
   return *binding;
 }
 
-void Bind(ui::CheckBox& control, QCheckBox& widget) {
+Binding& Bind(ui::CheckBox& control, QCheckBox& widget) {
   auto* const binding = new Binding(control, widget);
   binding->Follow({&control.Caption}, [&] { widget.setText(ToQtLines(control.Caption.Get())); });
   binding->Follow({&control.Value}, [&] {
@@ -43,6 +43,7 @@ void Bind(ui::CheckBox& control, QCheckBox& widget) {
     widget.setCheckState(kStates[std::clamp<int>(control.Value, ui::kUnchecked, ui::kGrayed)]);
   });
   PassPresses(control, widget, *binding);
+  return *binding;
 }
 
 Binding& Bind(ui::OptionButton& control, QRadioButton& widget) {
@@ -58,10 +59,11 @@ Binding& Bind(ui::OptionButton& control, QRadioButton& widget) {
   return *binding;
 }
 
-void Bind(ui::Frame& control, QGroupBox& widget) {
+Binding& Bind(ui::Frame& control, QGroupBox& widget) {
   auto* const binding = new Binding(control, widget);
   binding->PressAnywhere();
   binding->Follow({&control.Caption}, [&] { widget.setTitle(ToQt(control.Caption.Get())); });
+  return *binding;
 }
 
 Binding& Bind(ui::Frame& control, QFrame& widget) {
