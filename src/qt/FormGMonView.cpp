@@ -70,6 +70,7 @@ void AddElementState(FormGMon& form, Element element, QWidget& row, QGridLayout&
     Bind(*control, *box).Follow({&control->Value, &control->Enabled}, [&form, element, words] {
       words->setText(QString::fromUtf8(WordsOf(form.StateOf(element))));
     });
+    box->setMinimumWidth(Em(row) * 5);  // in line with those of the other elements
     grid.addWidget(box, 0, column, 2, 1);
     grid.setColumnStretch(column++, 1);
   }
@@ -100,7 +101,7 @@ QWidget* MakeGroupElement(FormGMon& form, Element element, QWidget& holder) {
     speed->setAccessibleName("Motor speed");
     words->setBuddy(speed);
     grid->setRowMinimumHeight(2, Em(holder) * 2);
-    grid->addWidget(words, 2, 1, Qt::AlignRight);
+    grid->addWidget(words, 2, 0, 1, 2, Qt::AlignRight);
     grid->addWidget(speed, 2, 2, 1, 2);
   }
   return row;
@@ -132,7 +133,7 @@ QCheckBox* MakeTick(ui::CheckBox& control, ui::Label& row, const QString& words,
 
 void AddDigitalRow(FormGMon& form, int input, QGridLayout& grid, QWidget& box) {
   ui::Label& described = form.LblIdiDescr(input);
-  auto* const words = MakeWidget<QLabel>(described, &box);
+  auto* const words = new QLabel(&box);
   words->setWordWrap(true);
   auto* const connector = MakeWidget<QLabel>(form.LblCnIdi(input), &box);
   connector->setAlignment(Qt::AlignCenter);
@@ -140,6 +141,9 @@ void AddDigitalRow(FormGMon& form, int input, QGridLayout& grid, QWidget& box) {
   status->setFont(ScaledFont(box, 1.2, true));
   status->setAlignment(Qt::AlignCenter);
   status->setFixedSize(Em(box) * 5 / 2, Em(box) * 3 / 2);
+  Bind(described, *words).Follow({&described.Caption}, [&described, words, connector, status] {
+    for (QLabel* cell : {words, connector, status}) cell->setVisible(!described.Caption->empty());
+  });
   const int row = input + 1;
   grid.addWidget(words, row, 0);
   grid.addWidget(connector, row, 1);

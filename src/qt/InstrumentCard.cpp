@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 
 #include "qt/Binder.h"
 #include "qt/Binding.h"
@@ -133,8 +132,11 @@ void InstrumentCard::resizeEvent(QResizeEvent* event) {
 
 void InstrumentCard::FitReading() {
   constexpr double kUsual = 22;
+  constexpr double kLargestReading = 1.75;
+  const double room = width() / (kUsual * Em(*this));
+  const double larger = std::clamp(room, 1.0, kLargestReading);
+  FixSize(*reading_, ScaledFont(*this, kReadingScale * larger, true), kLongestReading);
   const double scale = RoomScale(*this, width(), kUsual);
-  FixSize(*reading_, ScaledFont(*this, kReadingScale * scale, true), kLongestReading);
   FixSize(*status_, ScaledFont(*this, scale, true), kLongestStatus);
   FixSize(*alarm_, ScaledFont(*this, scale, true), kLongestAlarm);
   unit_->setFont(ScaledFont(*this, scale, false));

@@ -74,7 +74,10 @@ void PictureWidget::leaveEvent(QEvent*) {
 }
 
 void Bind(ui::PictureBox& control, PictureWidget& widget) {
-  auto* const binding = new Binding(control, widget);
+  // The colour of its words is the pen's, and changes with each drawing.
+  auto* const binding = new Binding(control, widget, Dressing::ByPainting);
+  binding->Follow({&control.BackColor},
+                  [&] { Dress(widget, control.BackColor, ui::kWindowTextColour); });
   widget.picture_ = &control;
   widget.binding_ = binding;
   binding->PressAnywhere();
