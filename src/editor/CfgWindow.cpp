@@ -57,6 +57,17 @@ CfgWindow::CfgWindow() : ui::Form("FormCfg") {
   CmdTakeBack.Caption = "TAKE BACK";
   CmdCompareFile.Caption = "SELECT FILE";
   CmdTakeOver.Caption = "TAKE OVER";
+  // The keys that do the same.
+  CmdSave.ToolTipText = "Ctrl+S";
+  CmdUndo.ToolTipText = "Ctrl+Z";
+  CmdRedo.ToolTipText = "Ctrl+Y";
+  CmdFind.ToolTipText = "Ctrl+F";
+  CmdChanges.ToolTipText = "Ctrl+H";
+  CmdCompare.ToolTipText = "Ctrl+K";
+  TxtElem.ToolTipText = "Ctrl+G";
+  TabStripElem.ToolTipText = "Ctrl+PageUp, Ctrl+PageDown";
+  LstTables.ToolTipText = "Ctrl+T";
+  LstCfg.ToolTipText = "Ctrl+L; Enter edits the row";
   for (ui::Frame* panel : {&FrmFind, &FrmChanges, &FrmCompare}) panel->Visible = false;
 }
 
