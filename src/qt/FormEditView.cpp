@@ -46,6 +46,7 @@ QWidget* MakeValue(editor::EditWindow& form, QWidget& view) {
   auto* const box = MakeWidget<QGroupBox>(form.FrmEdit, &view);
   auto* const rows = new QVBoxLayout(box);
   auto* const text = MakeWidget<QLineEdit>(form.TxtEdit, box);
+  text->selectAll();  // ready to be typed over
   text->setAccessibleName(box->title());
   text->setMinimumWidth(Em(view) * 24);
   rows->addWidget(text);
