@@ -19,6 +19,20 @@ ui::TabPages TablePages(config::ConfigGroup group) {
   return pages;
 }
 
+// The keys that do the same as a control.
+void TellKeys(CfgWindow& window) {
+  window.CmdSave.ToolTipText = "Ctrl+S";
+  window.CmdUndo.ToolTipText = "Ctrl+Z";
+  window.CmdRedo.ToolTipText = "Ctrl+Y";
+  window.CmdFind.ToolTipText = "Ctrl+F";
+  window.CmdChanges.ToolTipText = "Ctrl+H";
+  window.CmdCompare.ToolTipText = "Ctrl+K";
+  window.TxtElem.ToolTipText = "Ctrl+G";
+  window.TabStripElem.ToolTipText = "Ctrl+PageUp, Ctrl+PageDown";
+  window.LstTables.ToolTipText = "Ctrl+T";
+  window.LstCfg.ToolTipText = "Ctrl+L; Enter edits the row";
+}
+
 }  // namespace
 
 CfgWindow::CfgWindow() : ui::Form("FormCfg") {
@@ -57,17 +71,7 @@ CfgWindow::CfgWindow() : ui::Form("FormCfg") {
   CmdTakeBack.Caption = "TAKE BACK";
   CmdCompareFile.Caption = "SELECT FILE";
   CmdTakeOver.Caption = "TAKE OVER";
-  // The keys that do the same.
-  CmdSave.ToolTipText = "Ctrl+S";
-  CmdUndo.ToolTipText = "Ctrl+Z";
-  CmdRedo.ToolTipText = "Ctrl+Y";
-  CmdFind.ToolTipText = "Ctrl+F";
-  CmdChanges.ToolTipText = "Ctrl+H";
-  CmdCompare.ToolTipText = "Ctrl+K";
-  TxtElem.ToolTipText = "Ctrl+G";
-  TabStripElem.ToolTipText = "Ctrl+PageUp, Ctrl+PageDown";
-  LstTables.ToolTipText = "Ctrl+T";
-  LstCfg.ToolTipText = "Ctrl+L; Enter edits the row";
+  TellKeys(*this);
   for (ui::Frame* panel : {&FrmFind, &FrmChanges, &FrmCompare}) panel->Visible = false;
 }
 

@@ -12,7 +12,7 @@ constexpr int kTickSteps = 10;
 constexpr int kNumberSteps = 5;
 constexpr double kTickStart = 2.5;  // part of the shift that lies left of the ticks
 constexpr double kNumberGap = 60;
-constexpr double kNumberPart = 0.055;  // height of the numbers, of the column's
+constexpr double kNumberHeight = 0.055;  // height of the numbers, of the column's
 
 }  // namespace
 
@@ -49,8 +49,8 @@ void Bar::DrawNumbers(const AnalogueInput& input, double factor) {
   for (int step = 0; step <= kNumberSteps; ++step) {
     const double above = span / kNumberSteps * step;
     scale_.DrawText(Shift() / kTickStart - kNumberGap, Bottom() - above * factor,
-                    ScaleNumber(input.Start.Value + above, span), column_.ScaleHeight * kNumberPart,
-                    ui::TextPlace::Right);
+                    ScaleNumber(input.Start.Value + above, span),
+                    column_.ScaleHeight * kNumberHeight, ui::TextPlace::Right);
   }
 }
 

@@ -17,7 +17,8 @@ void StopTimer(ui::Timer& timer) {
 }  // namespace
 
 FormGMon::FormGMon(const MonitorParts& parts, const MonitorServices& services)
-    : work_{.Parts = parts,
+    : parts_(parts),
+      work_{.Parts = parts_,
             .Window = *this,
             .TheGroup = group_,
             .Line = *this,

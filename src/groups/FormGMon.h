@@ -50,6 +50,7 @@ struct FormGMon final : GroupWindow, private link::LineView {
   void LblKb_DblClick();
 
   Group group_;
+  MonitorParts parts_;
   MonitorWork work_;
   GroupSetup setup_{work_};
   EnquiryCycle cycle_{work_};

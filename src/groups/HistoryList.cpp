@@ -40,8 +40,9 @@ std::optional<std::string> DateInWords(const std::string& date, const std::local
 
 }  // namespace
 
-HistoryList::HistoryList(const base::FileSystem& files, std::string folder, std::locale language)
-    : system_(files), folder_(std::move(folder)), language_(std::move(language)) {}
+HistoryList::HistoryList(const base::FileSystem& files, std::string folder,
+                         const std::locale& language)
+    : system_(files), folder_(std::move(folder)), language_(language) {}
 
 void HistoryList::Clear() {
   files_.clear();

@@ -31,7 +31,7 @@ enum class HistoryOrder : int { kByGroup = 0, kByDate = 1 };
 class HistoryList {
  public:
   // `language` names weekdays and months. `files` must outlive this.
-  HistoryList(const base::FileSystem& files, std::string folder, std::locale language);
+  HistoryList(const base::FileSystem& files, std::string folder, const std::locale& language);
 
   // Reads the folder anew. Gives the names of files that are those of recordings, but for a date
   // that the calendar doesn't have: they are passed over.

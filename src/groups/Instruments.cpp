@@ -28,7 +28,7 @@ constexpr ui::Colour kExtremesColour{0xC0FFFF};
 
 // How a reading lies in its limits, in words.
 struct AlarmWords {
-  const char* Words;
+  const char* Words = nullptr;
   ui::Colour Ground;
 };
 

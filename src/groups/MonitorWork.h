@@ -25,7 +25,7 @@ struct MonitorParts : link::LineParts {
 };
 
 struct MonitorWork {
-  MonitorParts Parts;
+  const MonitorParts& Parts;
   GroupWindow& Window;
   Group& TheGroup;
   link::LineView& Line;

@@ -31,7 +31,7 @@ class CfgArea final : public QWidget {
   QSize sizeHint() const override { return {Em(*this) * 64, Em(*this) * 38}; }
 };
 
-void AddButtons(std::initializer_list<ui::Button*> buttons, QBoxLayout& row, QWidget& holder) {
+void AddCfgButtons(std::initializer_list<ui::Button*> buttons, QBoxLayout& row, QWidget& holder) {
   for (ui::Button* button : buttons) row.addWidget(MakeWidget<QPushButton>(*button, &holder));
 }
 
@@ -108,7 +108,7 @@ QLayout* MakeElements(CfgWindow& form, QWidget& box) {
   for (QWidget* widget : std::initializer_list<QWidget*>{title, number}) inside->addWidget(widget);
   inside->addWidget(tabs, 1);
   row->addWidget(strip, 1);
-  AddButtons({&form.CmdAdd, &form.CmdRemoveResume}, *row, box);
+  AddCfgButtons({&form.CmdAdd, &form.CmdRemoveResume}, *row, box);
   return row;
 }
 
@@ -195,9 +195,9 @@ QWidget* MakeCompare(CfgWindow& form, QWidget& view) {
   auto* const panel = MakeWidget<QGroupBox>(form.FrmCompare, &view);
   auto* const rows = new QVBoxLayout(panel);
   auto* const row = new QHBoxLayout;
-  AddButtons({&form.CmdCompareFile}, *row, *panel);
+  AddCfgButtons({&form.CmdCompareFile}, *row, *panel);
   row->addWidget(MakeWidget<QLabel>(form.LblCompare, panel), 1);
-  AddButtons({&form.CmdTakeOver}, *row, *panel);
+  AddCfgButtons({&form.CmdTakeOver}, *row, *panel);
   rows->addLayout(row);
   AddCells(form.LstCompare, "Differences", *rows, *panel);
   return panel;
@@ -205,16 +205,16 @@ QWidget* MakeCompare(CfgWindow& form, QWidget& view) {
 
 QLayout* MakeFoot(CfgWindow& form, QWidget& view) {
   auto* const row = new QHBoxLayout;
-  AddButtons({&form.CmdFind, &form.CmdChanges, &form.CmdCompare}, *row, view);
+  AddCfgButtons({&form.CmdFind, &form.CmdChanges, &form.CmdCompare}, *row, view);
   row->addSpacing(Em(view));
-  AddButtons({&form.CmdUndo, &form.CmdRedo}, *row, view);
+  AddCfgButtons({&form.CmdUndo, &form.CmdRedo}, *row, view);
   row->addSpacing(Em(view));
   row->addWidget(MakeWidget<QLabel>(form.LblNotice, &view), 1);
   row->addWidget(MakeWidget<QLabel>(form.LblUnsaved, &view));
   auto* const wait = MakeWidget<Card>(form.FrmWplease, &view);
   wait->Body().addWidget(MakeWidget<QLabel>(form.LblWplease, wait));
   row->addWidget(wait);
-  AddButtons({&form.CmdSave}, *row, view);
+  AddCfgButtons({&form.CmdSave}, *row, view);
   return row;
 }
 

@@ -119,7 +119,8 @@ class OverviewRows final : public QStyledItemDelegate {
     QRect text = area.adjusted(gap, 0, -gap, 0);
     if (cell.Bar >= 0) {
       const int thick = line / 4;
-      const QRectF track(text.left(), area.bottom() - thick - line / 6, text.width(), thick);
+      const int foot = line / 6;
+      const QRectF track(text.left(), area.bottom() - thick - foot, text.width(), thick);
       painter.fillRect(track, palette.color(chosen ? QPalette::Shadow : QPalette::Midlight));
       const QRectF bar(track.topLeft(), QSizeF(track.width() * cell.Bar, track.height()));
       painter.fillRect(bar,

@@ -8,8 +8,8 @@ namespace tintbench::simulator {
 
 namespace {
 
-constexpr double kFullSpeed = 400.0;      // rpm that moves the pressures all their way
-constexpr double kSettlingSeconds = 2.0;  // in which a pressure goes most of its way
+constexpr double kFullPressureSpeed = 400.0;  // rpm that moves the pressures all their way
+constexpr double kSettlingSeconds = 2.0;      // in which a pressure goes most of its way
 constexpr double kEmptyingSeconds = 800.0;
 constexpr double kLowestLevel = -1.0;  // far below the alarm
 constexpr double kRipple = 0.02;
@@ -55,7 +55,8 @@ void Instruments::Settle(double now) {
     const int group = configuration_.Number("@MOT", motor, 4, 0);
     const bool moved = states_.contains(group);
     if (group < 1 || (!moved && !elements_.IsRunning(motor))) continue;
-    const double drive = std::min(elements_.RpmHundredths(motor, now) / 100.0 / kFullSpeed, 1.0);
+    const double drive =
+        std::min(elements_.RpmHundredths(motor, now) / 100.0 / kFullPressureSpeed, 1.0);
     const bool open = AnyValveOpen(group);
     const Pressures& full = open ? kOpen : kClosed;
     State& state = states_[group];
