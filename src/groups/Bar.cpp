@@ -12,7 +12,7 @@ constexpr int kTickSteps = 10;
 constexpr int kNumberSteps = 5;
 constexpr double kTickStart = 2.5;  // part of the shift that lies left of the ticks
 constexpr double kNumberGap = 60;
-constexpr double kNumberHeight = 0.055;  // height of the numbers, of the column's
+constexpr double kColumnNumberHeight = 0.055;  // height of the numbers, of the column's
 
 }  // namespace
 
@@ -50,7 +50,7 @@ void Bar::DrawNumbers(const AnalogueInput& input, double factor) {
     const double above = span / kNumberSteps * step;
     scale_.DrawText(Shift() / kTickStart - kNumberGap, Bottom() - above * factor,
                     ScaleNumber(input.Start.Value + above, span),
-                    column_.ScaleHeight * kNumberHeight, ui::TextPlace::Right);
+                    column_.ScaleHeight * kColumnNumberHeight, ui::TextPlace::Right);
   }
 }
 
